@@ -1,0 +1,30 @@
+# add_cocoa_bundle(TARGET NAME name PRINCIPAL_CLASS class SOURCES file... [RESOURCES file...])
+#
+# Makes the loadable bundle `name`.bundle in ${PROJECT_BINARY_DIR}/bundles: flat for GNUstep,
+# Contents/MacOS for macOS, from one Info.plist template.
+function(add_cocoa_bundle target)
+    cmake_parse_arguments(BUNDLE "" "NAME;PRINCIPAL_CLASS" "SOURCES;RESOURCES" ${ARGN})
+    add_library(${target} MODULE ${BUNDLE_SOURCES})
+    target_link_libraries(${target} PRIVATE vistrel_flags cocoa)
+
+    set(bundle ${PROJECT_BINARY_DIR}/bundles/${BUNDLE_NAME}.bundle)
+    if(APPLE)
+        set(executables ${bundle}/Contents/MacOS)
+        set(resources ${bundle}/Contents/Resources)
+        set(info ${bundle}/Contents/Info.plist)
+    else()
+        set(executables ${bundle})
+        set(resources ${bundle}/Resources)
+        set(info ${resources}/Info-gnustep.plist)
+    endif()
+    configure_file(${PROJECT_SOURCE_DIR}/resources/Info.plist.in ${info} @ONLY)
+    foreach(file ${BUNDLE_RESOURCES})
+        get_filename_component(name ${file} NAME)
+        configure_file(${file} ${resources}/${name} COPYONLY)
+    endforeach()
+    set_target_properties(${target} PROPERTIES
+        PREFIX "" SUFFIX "" OUTPUT_NAME ${BUNDLE_NAME}
+        LIBRARY_OUTPUT_DIRECTORY ${executables}
+        BUNDLE_PATH ${bundle}
+        OBJCXX_VISIBILITY_PRESET hidden)
+endfunction()

@@ -1,0 +1,50 @@
+#import <AppKit/AppKit.h>
+
+/// Brings Vistrel into an application that knows nothing of it.
+///
+/// The platform loads bundles into an application long before its menus exist, so what it loads is
+/// this class, which waits until the application has launched and then loads Vistrel.bundle from
+/// the folder that its own bundle is in.
+@interface VTRLoader : NSObject
+@end
+
+@implementation VTRLoader
+
+- (id)init {
+    self = [super init];
+    [[NSNotificationCenter defaultCenter] addObserver:self
+                                             selector:@selector(hostDidLaunch:)
+                                                 name:NSApplicationDidFinishLaunchingNotification
+                                               object:nil];
+    // The platform may let go of the object it made, and the notification centre holds nobody.
+    return [self retain];
+}
+
+/// The host's own code hears of the launch in the same round of notifications, perhaps after us,
+/// and makes its menus and windows then. So the loading waits for the next turn of the run loop,
+/// also when the host has started a modal session or is following the mouse by that time.
+- (void)hostDidLaunch:(NSNotification*)notification {
+    [[NSNotificationCenter defaultCenter] removeObserver:self];
+    [self performSelector:@selector(loadVistrel)
+               withObject:nil
+               afterDelay:0
+                  inModes:[NSArray arrayWithObjects:NSDefaultRunLoopMode, NSModalPanelRunLoopMode,
+                                                    NSEventTrackingRunLoopMode, nil]];
+}
+
+- (void)loadVistrel {
+    // Another loader, of another copy of Vistrel perhaps, may have been faster.
+    if (NSClassFromString(@"Corvane") != Nil)
+        return;
+    NSString* folder =
+        [[[NSBundle bundleForClass:[self class]] bundlePath] stringByDeletingLastPathComponent];
+    NSString* path = [folder stringByAppendingPathComponent:@"Vistrel.bundle"];
+    @try {
+        if (![[NSBundle bundleWithPath:path] load])
+            NSLog(@"Vistrel cannot be loaded from %@", path);
+    } @catch (NSException* exception) {
+        NSLog(@"Vistrel cannot be loaded from %@: %@", path, exception);
+    }
+}
+
+@end

@@ -1,0 +1,86 @@
+#pragma once
+
+#include "core/Rect.h"
+#include "core/Settings.h"
+
+#include <cstdint>
+#include <string>
+
+namespace vistrel {
+
+struct MenuEntry;
+class Menu;
+class MenuItem;
+class Platform;
+
+/// What the controller keeps for as long as the host runs. Everything starts as zero; Corvane's
+/// insertMenu() gives the first real values.
+struct CorvaneFields {
+    /// Number of attached screens at the last count; counted only while one frame is kept for each
+    /// display setup.
+    std::int32_t screens = 0;
+    /// `screens` in decimal, or empty while there is one frame for all display setups.
+    std::string screensString;
+    /// Menu bar and Dock are hidden by "Toggle Menu And Dock" or from the start.
+    bool isEnabled = false;
+    /// The key window fills the screen.
+    bool isFullscreen = false;
+    bool isLeft = false;
+    bool isRight = false;
+    bool isThreeL = false;
+    bool isThreeM = false;
+    bool isThreeR = false;
+    bool isFloating = false;
+    /// The frame that "Toggle Fullscreen" gives back.
+    Rect rect;
+    /// The frames that the half and third commands give back.
+    Rect rectLeft;
+    Rect rectRight;
+    Rect rectThreeL;
+    Rect rectThreeM;
+    Rect rectThreeR;
+};
+
+/// The Window menu of the host, or nothing. The search ends at the first item of the main menu that
+/// has no submenu, also where the Window menu would follow it.
+Menu& windowMenu(Platform& platform);
+
+/// The item of the Window menu with the title "Zoom", or nothing.
+MenuItem& zoomMenuItem(Platform& platform);
+
+/// The controller: one object per host process, the target of every menu command.
+///
+/// Its flags and frames belong to the process, not to a window. The commands share them on purpose:
+/// each ends the modes of the others by clearing their flags.
+class Corvane : private CorvaneFields {
+  public:
+    /// `platform` must outlive the controller.
+    explicit Corvane(Platform& platform) : platform_(platform) {}
+
+    /// Loads the settings, inserts the block of commands into the host's Window menu, applies the
+    /// start-up modes and resets the toggles. Called once, when the bundle has been loaded.
+    void insertMenu();
+
+    /// Puts the key window where its saved frame is. Does nothing when none is saved for this
+    /// application and display setup; a stored value that is not a text counts as none.
+    void startRestore();
+
+    [[nodiscard]] const CorvaneFields& fields() const { return *this; }
+
+    [[nodiscard]] Settings& settings() { return settings_; }
+
+  private:
+    void makeMainWindowFullScreenCapable();
+    void countScreens();
+    void insertBlock();
+    void insertEntry(const MenuEntry& entry, std::int32_t offset);
+    void insertClosingSeparator(std::int32_t offset);
+    void applyStartUpMode();
+    void resetToggles();
+    [[nodiscard]] std::string savedFrameKey() const;
+
+    Platform& platform_;
+    Settings settings_;
+};
+
+} // namespace vistrel

@@ -1,0 +1,37 @@
+#import "platform/cocoa/CocoaPlatform.h"
+
+#import "platform/cocoa/Convert.h"
+#import "platform/cocoa/Native.h"
+
+namespace vistrel::cocoa {
+
+std::optional<std::string> CocoaPlatform::bundleIdentifier() const {
+    NSString* identifier = [[NSBundle mainBundle] bundleIdentifier];
+    return identifier != nil ? std::optional(toString(identifier)) : std::nullopt;
+}
+
+Menu& CocoaPlatform::mainMenu() {
+    return mainMenu_.bind([NSApp mainMenu]);
+}
+
+Window& CocoaPlatform::keyWindow() {
+    return keyWindow_.bind([NSApp keyWindow]);
+}
+
+Window& CocoaPlatform::mainWindow() {
+    return mainWindow_.bind([NSApp mainWindow]);
+}
+
+std::int32_t CocoaPlatform::screenCount() const {
+    return static_cast<std::int32_t>([[NSScreen screens] count]);
+}
+
+void CocoaPlatform::setSystemUIMode(SystemUIMode mode) {
+    native::setSystemUIMode(mode);
+}
+
+void CocoaPlatform::log(std::string_view line) {
+    NSLog(@"%@", toNSString(line));
+}
+
+} // namespace vistrel::cocoa

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "core/PropertyList.h"
+#include "core/Rect.h"
+
+#import <Foundation/Foundation.h>
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+/// The only place where Cocoa's values become the core's, and back.
+namespace vistrel::cocoa {
+
+/// `text` as a string; bytes that are no UTF-8 give the empty string.
+NSString* toNSString(std::string_view text);
+
+/// `text` in UTF-8; nil is empty.
+std::string toString(NSString* text);
+
+NSRect toNSRect(const Rect& rect);
+Rect toRect(NSRect rect);
+
+/// Any property-list object. nullopt for nil, and for objects that no property list can hold,
+/// wherever they are nested.
+std::optional<PropertyList> toPropertyList(id object);
+
+/// The property-list object of the same type and value, autoreleased.
+id toObject(const PropertyList& value);
+
+} // namespace vistrel::cocoa

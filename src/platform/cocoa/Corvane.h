@@ -1,0 +1,21 @@
+#pragma once
+
+#import <AppKit/AppKit.h>
+
+/// The bundle's principal class and the target of its menu items: a thin skin over
+/// vistrel::Corvane, one line for each action.
+@interface Corvane : NSObject
+
+/// Runs when the bundle is loaded, and installs the bundle in the host.
++ (void)load;
+
+/// Whether the bundle may install itself in this host.
++ (BOOL)bundleWorksHere;
+
+/// The host's Window menu, or nil.
++ (NSMenu*)windowMenu;
+
+/// The host's Zoom item, or nil.
++ (NSMenuItem*)zoomMenuItem;
+
+@end

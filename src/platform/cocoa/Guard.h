@@ -1,0 +1,9 @@
+#pragma once
+
+namespace vistrel::cocoa {
+
+/// Runs `action`, which an application of somebody else has called, and lets no exception out,
+/// neither C++ nor Objective-C. What was thrown is written to the log in one line.
+void runGuarded(void (*action)()) noexcept;
+
+} // namespace vistrel::cocoa

@@ -1,0 +1,19 @@
+#import "platform/cocoa/GuardObjC.h"
+
+#import <Foundation/Foundation.h>
+
+namespace vistrel::cocoa {
+
+void runGuardedFromObjectiveC(void (*action)()) {
+    @try {
+        action();
+    } @catch (NSException* exception) {
+        logStopped([[exception description] UTF8String]);
+    }
+}
+
+void logStopped(const char* what) noexcept {
+    NSLog(@"Vistrel stopped an exception: %s", what);
+}
+
+} // namespace vistrel::cocoa

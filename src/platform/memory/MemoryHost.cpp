@@ -1,0 +1,55 @@
+#include "platform/memory/MemoryHost.h"
+
+#include "platform/memory/Nothing.h"
+
+namespace vistrel::memory {
+
+MemoryHost::MemoryHost(MemoryDesktop& desktop, bool separatorsHaveOwnClass)
+    : desktop_(desktop), separatorsHaveOwnClass_(separatorsHaveOwnClass) {}
+
+Menu& MemoryHost::mainMenu() {
+    calls.record("mainMenu");
+    if (mainMenu_)
+        return *mainMenu_;
+    return noMenu;
+}
+
+Window& MemoryHost::keyWindow() {
+    calls.record("keyWindow");
+    if (key != nullptr)
+        return *key;
+    return noWindow;
+}
+
+Window& MemoryHost::mainWindow() {
+    calls.record("mainWindow");
+    if (main != nullptr)
+        return *main;
+    return noWindow;
+}
+
+std::int32_t MemoryHost::screenCount() const {
+    return desktop_.screenCount;
+}
+
+void MemoryHost::setSystemUIMode(SystemUIMode mode) {
+    calls.record("setSystemUIMode ", mode.mode, " ", mode.options);
+    systemUIMode = mode;
+}
+
+void MemoryHost::log(std::string_view line) {
+    calls.record("log ", line);
+    logLines.emplace_back(line);
+}
+
+MemoryMenu& MemoryHost::addMainMenu() {
+    mainMenu_ = std::make_unique<MemoryMenu>(calls, std::string(), separatorsHaveOwnClass_);
+    return *mainMenu_;
+}
+
+MemoryWindow& MemoryHost::addWindow(std::string name, const Rect& frame) {
+    windows_.push_back(std::make_unique<MemoryWindow>(calls, std::move(name), frame));
+    return *windows_.back();
+}
+
+} // namespace vistrel::memory

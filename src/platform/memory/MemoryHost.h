@@ -1,0 +1,63 @@
+#pragma once
+
+#include "platform/Platform.h"
+#include "platform/memory/CallLog.h"
+#include "platform/memory/MemoryDesktop.h"
+#include "platform/memory/MemoryFileManager.h"
+#include "platform/memory/MemoryMenu.h"
+#include "platform/memory/MemoryUserDefaults.h"
+#include "platform/memory/MemoryWindow.h"
+
+#include <memory>
+#include <vector>
+
+namespace vistrel::memory {
+
+/// A host process that exists in memory only: a stand-in for tests, fuzzers and benchmarks, a
+/// skeleton for ports, and the measure of what the core costs by itself. It has no menu and no
+/// window until it is given them. Several hosts may share one desktop.
+class MemoryHost final : public Platform, public Application {
+  public:
+    explicit MemoryHost(MemoryDesktop& desktop, bool separatorsHaveOwnClass = true);
+
+    Application& application() override { return *this; }
+
+    MemoryUserDefaults& userDefaults() override { return userDefaults_; }
+
+    FileManager& fileManager() override { return fileManager_; }
+
+    [[nodiscard]] std::optional<std::string> bundleIdentifier() const override {
+        return identifier;
+    }
+
+    Menu& mainMenu() override;
+    Window& keyWindow() override;
+    Window& mainWindow() override;
+    [[nodiscard]] std::int32_t screenCount() const override;
+    void setSystemUIMode(SystemUIMode mode) override;
+    void log(std::string_view line) override;
+
+    /// Gives the host an empty main menu.
+    MemoryMenu& addMainMenu();
+
+    /// Gives the host a window; it becomes neither key nor main by that.
+    MemoryWindow& addWindow(std::string name, const Rect& frame);
+
+    CallLog calls;
+    std::optional<std::string> identifier;
+    MemoryWindow* key = nullptr;
+    MemoryWindow* main = nullptr;
+    SystemUIMode systemUIMode;
+    /// The lines written to the log.
+    std::vector<std::string> logLines;
+
+  private:
+    MemoryDesktop& desktop_;
+    bool separatorsHaveOwnClass_;
+    MemoryUserDefaults userDefaults_{calls};
+    MemoryFileManager fileManager_{desktop_, calls};
+    std::unique_ptr<MemoryMenu> mainMenu_;
+    std::vector<std::unique_ptr<MemoryWindow>> windows_;
+};
+
+} // namespace vistrel::memory
