@@ -23,7 +23,7 @@ constexpr std::string_view whiteSpace = " \t\n\v\f\r";
 std::int64_t integerFromText(std::string_view text) {
     text = withoutLeading(text, whiteSpace);
     const bool negative = text.starts_with('-');
-    if (text.starts_with('+'))
+    if (text.starts_with('+') && !text.starts_with("+-"))
         text.remove_prefix(1);
     std::int64_t value = 0;
     const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
