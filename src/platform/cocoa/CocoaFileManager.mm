@@ -1,7 +1,7 @@
 #import "platform/cocoa/CocoaFileManager.h"
 
 #import "platform/cocoa/Convert.h"
-#import "platform/cocoa/PropertyListFile.h"
+#include "platform/posix/PropertyListFile.h"
 
 namespace vistrel::cocoa {
 
@@ -21,11 +21,11 @@ void CocoaFileManager::createDirectory(const std::string& path) {
 }
 
 std::optional<Dictionary> CocoaFileManager::readDictionary(const std::string& path) const {
-    return readPropertyListFile(path);
+    return posix::readPropertyListFile(path);
 }
 
 void CocoaFileManager::writeDictionary(const Dictionary& dictionary, const std::string& path) {
-    writePropertyListFile(dictionary, path);
+    posix::writePropertyListFile(dictionary, path);
 }
 
 } // namespace vistrel::cocoa

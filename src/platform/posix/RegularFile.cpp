@@ -1,4 +1,4 @@
-#include "platform/cocoa/PosixFile.h"
+#include "platform/posix/RegularFile.h"
 
 #include <cerrno>
 #include <cstdio>

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "core/PropertyList.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace vistrel::posix {
+
+/// A date as property lists write it: "2001-01-01T00:00:00Z". Fractions of a second are lost.
+std::string textFromDate(const Date& date);
+
+/// nullopt when `text` has another form or names a day or a time that does not exist.
+std::optional<Date> dateFromText(std::string_view text);
+
+} // namespace vistrel::posix

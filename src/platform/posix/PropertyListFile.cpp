@@ -1,0 +1,21 @@
+#include "platform/posix/PropertyListFile.h"
+
+#include "platform/posix/PropertyListXML.h"
+#include "platform/posix/RegularFile.h"
+
+namespace vistrel::posix {
+
+std::optional<Dictionary> readPropertyListFile(const std::string& path) {
+    constexpr std::size_t largestFile = 1U << 20U;
+    const auto text = readRegularFile(path, largestFile);
+    auto root = text ? propertyListFromXML(*text) : std::nullopt;
+    auto* dictionary = root ? std::get_if<Dictionary>(&*root) : nullptr;
+    return dictionary != nullptr ? std::optional(std::move(*dictionary)) : std::nullopt;
+}
+
+void writePropertyListFile(const Dictionary& dictionary, const std::string& path) {
+    if (const auto text = xmlFromPropertyList(dictionary))
+        replaceFile(path, *text);
+}
+
+} // namespace vistrel::posix

@@ -1,0 +1,127 @@
+#include "platform/posix/Base64.h"
+#include "platform/posix/DateText.h"
+#include "platform/posix/PropertyListXML.h"
+
+#include <charconv>
+#include <libxml/parser.h>
+#include <libxml/tree.h>
+#include <memory>
+#include <system_error>
+
+namespace vistrel::posix {
+
+namespace {
+
+constexpr int deepest = 200;
+
+std::string_view nameOf(const xmlNode& node) {
+    return reinterpret_cast<const char*>(node.name);
+}
+
+/// The first element from `node` on. Everything else between elements is layout.
+const xmlNode* element(const xmlNode* node) {
+    while (node != nullptr && node->type != XML_ELEMENT_NODE)
+        node = node->next;
+    return node;
+}
+
+std::string textOf(const xmlNode& node) {
+    const std::unique_ptr<xmlChar, decltype(xmlFree)> content(xmlNodeGetContent(&node), xmlFree);
+    return content ? reinterpret_cast<const char*>(content.get()) : "";
+}
+
+std::string_view trimmed(std::string_view text) {
+    constexpr std::string_view blanks = " \t\r\n";
+    const auto first = text.find_first_not_of(blanks);
+    return first == std::string_view::npos
+               ? std::string_view()
+               : text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
+/// The number that is all of `text` but blanks around it and a plus sign.
+template <typename Number> std::optional<PropertyList> number(std::string_view text) {
+    text = trimmed(text);
+    if (text.starts_with('+') && !text.starts_with("+-"))
+        text.remove_prefix(1);
+    Number value{};
+    const auto* const last = text.data() + text.size();
+    const auto [end, error] = std::from_chars(text.data(), last, value);
+    if (text.empty() || error != std::errc{} || end != last)
+        return std::nullopt;
+    return value;
+}
+
+std::optional<PropertyList> integer(std::string_view text) {
+    if (auto value = number<std::int64_t>(text))
+        return value;
+    return number<std::uint64_t>(text);
+}
+
+std::optional<PropertyList> valueOf(const xmlNode* node, int depth);
+
+std::optional<PropertyList> array(const xmlNode* child, int depth) {
+    Array values;
+    for (child = element(child); child != nullptr; child = element(child->next)) {
+        auto value = valueOf(child, depth);
+        if (!value)
+            return std::nullopt;
+        values.push_back(std::move(*value));
+    }
+    return values;
+}
+
+std::optional<PropertyList> dictionary(const xmlNode* child, int depth) {
+    Dictionary values;
+    for (child = element(child); child != nullptr; child = element(child->next)) {
+        if (nameOf(*child) != "key")
+            return std::nullopt;
+        const auto key = textOf(*child);
+        child = element(child->next);
+        auto value = valueOf(child, depth);
+        if (!value)
+            return std::nullopt;
+        values.set(key, std::move(*value));
+    }
+    return values;
+}
+
+std::optional<PropertyList> valueOf(const xmlNode* node, int depth) {
+    if (node == nullptr || depth == 0)
+        return std::nullopt;
+    const auto name = nameOf(*node);
+    if (name == "dict")
+        return dictionary(node->children, depth - 1);
+    if (name == "array")
+        return array(node->children, depth - 1);
+    if (name == "true" || name == "false")
+        return name == "true";
+    if (name == "string")
+        return textOf(*node);
+    if (name == "integer")
+        return integer(textOf(*node));
+    if (name == "real")
+        return number<double>(textOf(*node));
+    if (name == "date")
+        return dateFromText(trimmed(textOf(*node)));
+    if (name == "data")
+        return dataFromBase64(textOf(*node));
+    return std::nullopt;
+}
+
+} // namespace
+
+std::optional<PropertyList> propertyListFromXML(std::string_view text) {
+    constexpr int silentAndOffline = XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING;
+    const std::unique_ptr<xmlDoc, decltype(&xmlFreeDoc)> document(
+        xmlReadMemory(text.data(), static_cast<int>(text.size()), nullptr, nullptr,
+                      silentAndOffline),
+        &xmlFreeDoc);
+    if (!document || (document->intSubset != nullptr && document->intSubset->entities != nullptr))
+        return std::nullopt;
+    const auto* root = xmlDocGetRootElement(document.get());
+    if (root == nullptr || nameOf(*root) != "plist")
+        return std::nullopt;
+    return valueOf(element(root->children), deepest);
+}
+
+} // namespace vistrel::posix

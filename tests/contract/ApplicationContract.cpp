@@ -1,0 +1,48 @@
+#include "ContractTest.h"
+
+namespace vistrel {
+namespace {
+
+class ApplicationContract : public ContractTest {
+  protected:
+    void TearDown() override { host->closeWindow(); }
+};
+
+TEST_F(ApplicationContract, WithoutAWindowHasNeitherFrameNorTrouble) {
+    host->closeWindow();
+    for (auto* window : {&application().keyWindow(), &application().mainWindow()}) {
+        EXPECT_EQ(window->frame(), Rect{});
+        window->setFrameAnimated({1, 2, 3, 4});
+        window->setCollectionBehavior(128);
+        EXPECT_EQ(window->frame(), Rect{});
+    }
+}
+
+TEST_F(ApplicationContract, AnswersTheFrameOfKeyAndMainWindow) {
+    host->openWindow({100, 120, 300, 200});
+    EXPECT_EQ(application().keyWindow().frame(), (Rect{100, 120, 300, 200}));
+    EXPECT_EQ(application().mainWindow().frame(), (Rect{100, 120, 300, 200}));
+}
+
+TEST_F(ApplicationContract, StandsAtTheAskedFrameWhenTheMoveReturns) {
+    host->openWindow({100, 120, 300, 200});
+    application().keyWindow().setFrameAnimated({50, 60, 400, 350});
+    EXPECT_EQ(application().keyWindow().frame(), (Rect{50, 60, 400, 350}));
+}
+
+TEST_F(ApplicationContract, TakesACollectionBehaviour) {
+    host->openWindow({100, 120, 300, 200});
+    application().mainWindow().setCollectionBehavior(128);
+    EXPECT_EQ(application().mainWindow().frame(), (Rect{100, 120, 300, 200}));
+}
+
+TEST_F(ApplicationContract, HasAScreen) {
+    EXPECT_EQ(application().screenCount(), 1);
+}
+
+TEST_F(ApplicationContract, LogsATextThatLooksLikeAFormat) {
+    application().log("100% %@ %s %n");
+}
+
+} // namespace
+} // namespace vistrel

@@ -1,0 +1,169 @@
+#include "ContractHost.h"
+
+#import "platform/cocoa/CocoaPlatform.h"
+#import "platform/cocoa/Convert.h"
+
+#import <AppKit/AppKit.h>
+
+#include <cstdlib>
+#include <fstream>
+
+namespace vistrel {
+
+namespace {
+
+/// Every action of the block goes to an object of this class.
+id controller() {
+    static id const theController = [[NSObject alloc] init];
+    return theController;
+}
+
+NSMenu* makeMenu(const std::vector<ContractItem>& items);
+
+NSMenuItem* makeItem(const ContractItem& item) {
+    NSMenuItem* made = [[[NSMenuItem alloc]
+        initWithTitle:cocoa::toNSString(item.title)
+               action:item.action.empty() ? NULL
+                                          : NSSelectorFromString(cocoa::toNSString(item.action))
+        keyEquivalent:@""] autorelease];
+    if (item.hasTarget)
+        [made setTarget:controller()];
+    if (!item.submenu.empty() || item.isWindowMenu)
+        [made setSubmenu:makeMenu(item.submenu)];
+    return made;
+}
+
+NSMenu* makeMenu(const std::vector<ContractItem>& items) {
+    NSMenu* menu = [[[NSMenu alloc] init] autorelease];
+    for (const auto& item : items) {
+        if (item.isSeparator)
+            [menu addItem:[NSMenuItem separatorItem]];
+        else
+            [menu addItem:makeItem(item)];
+    }
+    return menu;
+}
+
+std::vector<ContractItem> look(NSMenu* menu) {
+    std::vector<ContractItem> items;
+    for (NSInteger index = 0; index < [menu numberOfItems]; ++index) {
+        NSMenuItem* item = static_cast<NSMenuItem*>([menu itemAtIndex:index]);
+        const bool isSeparator = [item isSeparatorItem];
+        const bool isParent = [item hasSubmenu];
+        SEL action = [item action];
+        items.push_back(
+            {.title = isSeparator ? "" : cocoa::toString([item title]),
+             .action =
+                 isParent || action == NULL ? "" : cocoa::toString(NSStringFromSelector(action)),
+             .hasTarget = [item target] == controller() && [item representedObject] == controller(),
+             .isSeparator = isSeparator,
+             .key = cocoa::toString([item keyEquivalent]),
+             .mask = static_cast<ModifierMask>([item keyEquivalentModifierMask]),
+             .isOn = [item state] == NSOnState,
+             .submenu = isParent ? look([item submenu]) : std::vector<ContractItem>{}});
+    }
+    return items;
+}
+
+/// Lets the event loop run until `isDone`, or fails after ten seconds.
+template <typename Condition> void runUntil(Condition isDone) {
+    NSDate* limit = [NSDate dateWithTimeIntervalSinceNow:10];
+    while (!isDone() && [limit timeIntervalSinceNow] > 0) {
+        NSEvent* event = [NSApp nextEventMatchingMask:NSAnyEventMask
+                                            untilDate:[NSDate dateWithTimeIntervalSinceNow:0.01]
+                                               inMode:NSDefaultRunLoopMode
+                                              dequeue:YES];
+        if (event != nil)
+            [NSApp sendEvent:event];
+    }
+    if (!isDone())
+        std::abort();
+}
+
+void launchOnce() {
+    static bool isLaunched = false;
+    if (isLaunched)
+        return;
+    [[NSAutoreleasePool alloc] init]; // never drained: the process is one test
+    [NSApplication sharedApplication];
+    [NSApp finishLaunching];
+    isLaunched = true;
+}
+
+class CocoaContractHost final : public ContractHost {
+  public:
+    CocoaContractHost() {
+        std::string name = cocoa::toString(NSTemporaryDirectory()) + "/contract.XXXXXX";
+        if (::mkdtemp(name.data()) != nullptr)
+            folder_ = name;
+    }
+
+    ~CocoaContractHost() override {
+        closeWindow();
+        [[NSFileManager defaultManager] removeFileAtPath:cocoa::toNSString(folder_) handler:nil];
+    }
+
+    Platform& platform() override { return platform_; }
+
+    void setMainMenu(const std::vector<ContractItem>& items) override {
+        NSMenu* menu = makeMenu(items);
+        for (std::size_t index = 0; index < items.size(); ++index)
+            if (items[index].isWindowMenu)
+                [NSApp setWindowsMenu:[[menu itemAtIndex:static_cast<NSInteger>(index)] submenu]];
+        [NSApp setMainMenu:menu];
+    }
+
+    void removeMainMenu() override { [NSApp setMainMenu:nil]; }
+
+    std::vector<ContractItem> windowMenuItems() override { return look([NSApp windowsMenu]); }
+
+    void openWindow(const Rect& frame) override {
+        window_ =
+            [[NSWindow alloc] initWithContentRect:NSMakeRect(0, 0, 100, 100)
+                                        styleMask:NSTitledWindowMask | NSClosableWindowMask |
+                                                  NSResizableWindowMask | NSMiniaturizableWindowMask
+                                          backing:NSBackingStoreBuffered
+                                            defer:NO];
+        [window_ setReleasedWhenClosed:NO];
+        [window_ setFrame:cocoa::toNSRect(frame) display:YES];
+        [NSApp activateIgnoringOtherApps:YES];
+        [window_ makeKeyAndOrderFront:nil];
+        runUntil([&] {
+            return [NSApp keyWindow] == window_ && [NSApp mainWindow] == window_ &&
+                   cocoa::toRect([window_ frame]) == frame;
+        });
+    }
+
+    void closeWindow() override {
+        [window_ close];
+        [window_ release];
+        window_ = nil;
+    }
+
+    void storeDefault(std::string_view key, const PropertyList& value) override {
+        [[NSUserDefaults standardUserDefaults] setObject:cocoa::toObject(value)
+                                                  forKey:cocoa::toNSString(key)];
+    }
+
+    void removeDefault(std::string_view key) override {
+        [[NSUserDefaults standardUserDefaults] removeObjectForKey:cocoa::toNSString(key)];
+    }
+
+    std::string folder() override { return folder_; }
+
+    void makeDamagedFile(const std::string& path) override { std::ofstream(path) << "damaged"; }
+
+  private:
+    cocoa::CocoaPlatform platform_{controller()};
+    std::string folder_;
+    NSWindow* window_ = nil;
+};
+
+} // namespace
+
+std::unique_ptr<ContractHost> ContractHost::make() {
+    launchOnce();
+    return std::make_unique<CocoaContractHost>();
+}
+
+} // namespace vistrel
