@@ -1,4 +1,22 @@
+#include "ProgramFile.h"
+
 #import <AppKit/AppKit.h>
+
+namespace {
+
+/// Whether `bundle` has been loaded. Nothing that is wrong with it reaches the host.
+bool load(NSBundle* bundle) {
+    NSString* program = [bundle executablePath];
+    if (program == nil || !vistrel::loader::isWholeProgram([program fileSystemRepresentation]))
+        return false;
+    @try {
+        return [bundle load];
+    } @catch (id exception) {
+        return false;
+    }
+}
+
+} // namespace
 
 /// Brings Vistrel into an application that knows nothing of it.
 ///
@@ -39,12 +57,8 @@
     NSString* folder =
         [[[NSBundle bundleForClass:[self class]] bundlePath] stringByDeletingLastPathComponent];
     NSString* path = [folder stringByAppendingPathComponent:@"Vistrel.bundle"];
-    @try {
-        if (![[NSBundle bundleWithPath:path] load])
-            NSLog(@"Vistrel cannot be loaded from %@", path);
-    } @catch (NSException* exception) {
-        NSLog(@"Vistrel cannot be loaded from %@: %@", path, exception);
-    }
+    if (!load([NSBundle bundleWithPath:path]))
+        NSLog(@"Vistrel cannot be loaded from %@", path);
 }
 
 @end

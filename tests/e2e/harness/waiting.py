@@ -1,0 +1,46 @@
+"""Waiting for conditions.
+
+Nothing in these tests sleeps in the hope that something has happened by then.
+They wait for a condition, as briefly as possible, and fail with its name.
+"""
+
+from __future__ import annotations
+
+import time
+from collections.abc import Callable
+from typing import TypeVar
+
+Result = TypeVar("Result")
+
+SHORTEST_PAUSE = 0.005
+LONGEST_PAUSE = 0.05
+
+
+class NotInTime(AssertionError):
+    """A condition did not become true within its limit."""
+
+
+def wait_until(
+    predicate: Callable[[], Result],
+    what: str,
+    timeout: float = 10.0,
+    explain: Callable[[], str] | None = None,
+) -> Result:
+    """Call ``predicate`` until it answers something true, and return that.
+
+    ``what`` completes the sentence "waited N s for ..."; ``explain`` is asked
+    for more, such as a log, only when the limit has passed.
+    """
+    limit = time.monotonic() + timeout
+    pause = SHORTEST_PAUSE
+    while True:
+        result = predicate()
+        if result:
+            return result
+        if time.monotonic() >= limit:
+            more = f"\n{explain()}" if explain else ""
+            raise NotInTime(
+                f"waited {timeout:g} s for {what}; last answer: {result!r}{more}"
+            )
+        time.sleep(pause)
+        pause = min(pause * 1.5, LONGEST_PAUSE)
