@@ -8,7 +8,9 @@
 
 namespace vistrel {
 
+struct Layout;
 struct MenuEntry;
+class Application;
 class Menu;
 class MenuItem;
 class Platform;
@@ -48,6 +50,10 @@ Menu& windowMenu(Platform& platform);
 /// The item of the Window menu with the title "Zoom", or nothing.
 MenuItem& zoomMenuItem(Platform& platform);
 
+/// Shows or clears the check mark of the item `offset` below the Zoom item of `menu`, whatever it
+/// is.
+void setMark(Menu& menu, std::int32_t offset, bool on);
+
 /// The controller: one object per host process, the target of every menu command.
 ///
 /// Its flags and frames belong to the process, not to a window. The commands share them on purpose:
@@ -60,6 +66,41 @@ class Corvane : private CorvaneFields {
     /// Loads the settings, inserts the block of commands into the host's Window menu, applies the
     /// start-up modes and resets the toggles. Called once, when the bundle has been loaded.
     void insertMenu();
+
+    /// Move the key window to a half or a third of its screen's width, at the screen's full height,
+    /// or back to where it was before. The position is counted from the origin of all screens, also
+    /// for a window on another one.
+    void left();
+    void right();
+    void threeL();
+    void threeM();
+    void threeR();
+
+    /// Centres the key window, 20 points lower while menu bar and Dock are hidden.
+    void center();
+
+    /// Gives the key window the standard size, then centres it.
+    void centerAverage();
+
+    /// Makes the key window float above all others, or ends that. What is toggled is the
+    /// controller, so the second call ends it for whichever window is key by then.
+    void floating();
+
+    /// Hides menu bar and Dock, or shows them again.
+    void setKUIMode();
+
+    /// Makes the key window fill its screen, 0.3 seconds from now, with menu bar and Dock hidden;
+    /// or puts it back where it was.
+    void doFullscreen();
+
+    /// The delayed step of doFullscreen(): fills the screen with the window that is key by now.
+    void setFullscreenWithDelay();
+
+    /// Lets the main window take part in the system's own full-screen mode.
+    void makeLionFullscreen();
+
+    /// Opens the system's search window.
+    void spotlight();
 
     /// Puts the key window where its saved frame is. Does nothing when none is saved for this
     /// application and display setup; a stored value that is not a text counts as none.
@@ -78,6 +119,14 @@ class Corvane : private CorvaneFields {
     void applyStartUpMode();
     void resetToggles();
     [[nodiscard]] std::string savedFrameKey() const;
+
+    void toggle(const Layout& layout);
+    void centerKeyWindow();
+    void endLayouts();
+    void clearHalvesAndThirds();
+    void enterFullscreen(Menu& menu);
+    void leaveFullscreen(Menu& menu);
+    [[nodiscard]] Application& application() const;
 
     Platform& platform_;
     Settings settings_;

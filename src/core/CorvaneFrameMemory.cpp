@@ -12,7 +12,7 @@ void Corvane::startRestore() {
     countScreens();
     const auto saved = platform_.userDefaults().objectForKey(savedFrameKey());
     if (const auto* text = saved ? std::get_if<std::string>(&*saved) : nullptr)
-        platform_.application().keyWindow().setFrameAnimated(rectFromText(*text));
+        application().keyWindow().setFrameAnimated(rectFromText(*text));
 }
 
 } // namespace vistrel

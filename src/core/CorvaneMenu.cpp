@@ -18,6 +18,14 @@ MenuItem& zoomMenuItem(Platform& platform) {
     return windowMenu(platform).itemWithTitle("Zoom");
 }
 
+void setMark(Menu& menu, std::int32_t offset, bool on) {
+    menu.itemAtIndex(menu.indexOfZoomItem() + offset).setState(on);
+}
+
+Application& Corvane::application() const {
+    return platform_.application();
+}
+
 void Corvane::insertBlock() {
     auto position = offset::firstEntry;
     for (const auto& entry : blockEntries)

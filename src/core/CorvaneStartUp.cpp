@@ -11,7 +11,7 @@ void Corvane::insertMenu() {
     settings_.load(platform_.fileManager(), platform_.userDefaults());
     makeMainWindowFullScreenCapable();
     countScreens();
-    platform_.application().log("VTRLog - Screens: " + screensString);
+    application().log("VTRLog - Screens: " + screensString);
     insertBlock();
     applyStartUpMode();
     if (platform_.userDefaults().integerForKey("windowMode") == 1)
@@ -21,12 +21,12 @@ void Corvane::insertMenu() {
 
 void Corvane::makeMainWindowFullScreenCapable() {
     if (platform_.userDefaults().boolForKey("globalSettingsFakeFSABool"))
-        platform_.application().mainWindow().setCollectionBehavior(fullScreenPrimary);
+        makeLionFullscreen();
 }
 
 void Corvane::countScreens() {
     if (platform_.userDefaults().boolForKey("vtrDisplaySetupBool")) {
-        screens = platform_.application().screenCount();
+        screens = application().screenCount();
         screensString = std::to_string(screens);
     } else {
         screensString.clear();
@@ -37,17 +37,15 @@ void Corvane::applyStartUpMode() {
     const auto start = startUpMode(platform_.userDefaults());
     isEnabled = start.isEnabled.value_or(isEnabled);
     if (start.mode)
-        platform_.application().setSystemUIMode(*start.mode);
-    if (start.mode == systemUIHidden) {
-        auto& menu = windowMenu(platform_);
-        menu.itemAtIndex(menu.indexOfZoomItem() + offset::startUpHidingMark).setState(true);
-    }
+        application().setSystemUIMode(*start.mode);
+    if (start.mode == systemUIHidden)
+        setMark(windowMenu(platform_), offset::startUpHidingMark, true);
 }
 
 void Corvane::resetToggles() {
     isThreeL = isThreeM = isThreeR = isFullscreen = isLeft = isRight = isFloating = false;
     for (auto* frame : {&rect, &rectLeft, &rectRight, &rectThreeL, &rectThreeM, &rectThreeR})
-        *frame = platform_.application().keyWindow().frame();
+        *frame = application().keyWindow().frame();
 }
 
 } // namespace vistrel

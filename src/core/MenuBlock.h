@@ -92,7 +92,8 @@ inline constexpr std::array blockEntries{
               .shortcut = FixedShortcut{"f", commandMask | optionMask | controlMask}},
 };
 
-/// Positions counted from the Zoom item.
+/// Positions counted from the Zoom item. The marks of the commands are one further down than the
+/// items that they belong to, by design.
 namespace offset {
 inline constexpr std::int32_t firstEntry = 1;
 inline constexpr std::int32_t spotlight = 8;
@@ -100,6 +101,9 @@ inline constexpr std::int32_t closingSeparator = 9;
 inline constexpr std::int32_t closingSeparatorAfterSpotlight = 10;
 /// Where the start-up shows that menu bar and Dock are hidden: "Toggle Menu And Dock".
 inline constexpr std::int32_t startUpHidingMark = 6;
+inline constexpr std::int32_t fullscreenMark = 6;
+inline constexpr std::int32_t hidingMark = 7;
+inline constexpr std::int32_t floatingMark = 8;
 } // namespace offset
 
 /// The optional "Show Spotlight Window" item. Its modifiers are Command when the host default

@@ -1,8 +1,10 @@
 #include "core/Rect.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <limits>
 #include <system_error>
 
 namespace vistrel {
@@ -40,6 +42,12 @@ void append(std::string& text, double value) {
 }
 
 } // namespace
+
+std::int32_t truncated(double value) {
+    constexpr double lowest = std::numeric_limits<std::int32_t>::min();
+    constexpr double highest = std::numeric_limits<std::int32_t>::max();
+    return std::isnan(value) ? 0 : static_cast<std::int32_t>(std::clamp(value, lowest, highest));
+}
 
 std::string textFromRect(const Rect& rect) {
     std::string text = "{{";

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -15,6 +16,10 @@ struct Rect {
 
     friend bool operator==(const Rect&, const Rect&) = default;
 };
+
+/// `value` without its fraction, towards zero, as a 32-bit integer. Values outside the range become
+/// the nearest limit, and what is no number becomes 0.
+std::int32_t truncated(double value);
 
 /// The text form of a rectangle: "{{x, y}, {width, height}}", the shape of AppKit's
 /// NSStringFromRect. Each number has the fewest decimal digits that read back as exactly the same

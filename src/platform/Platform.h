@@ -6,6 +6,7 @@
 #include "core/SystemUIMode.h"
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -26,16 +27,40 @@
 /// - Everything is called on the host's main thread.
 namespace vistrel {
 
+/// One of the user's screens.
+class Screen {
+  public:
+    /// The whole screen, with the areas of menu bar and Dock. All zero from nothing.
+    [[nodiscard]] virtual Rect frame() const = 0;
+
+  protected:
+    ~Screen() = default;
+};
+
 /// A window of the host.
 class Window {
   public:
     /// The window's frame with its decorations. All zero from nothing.
     [[nodiscard]] virtual Rect frame() const = 0;
 
+    /// The screen that the window is on, or nothing when it is on none.
+    virtual Screen& screen() = 0;
+
     /// Moves and resizes the window, decorations included, with animation, and redraws it. When
     /// this returns, the animation has ended and the window stands at `frame`, or as near to it as
     /// the window's own limits allow.
     virtual void setFrameAnimated(const Rect& frame) = 0;
+
+    /// The frame of this window whose content area would be exactly `content`. `content` itself
+    /// from nothing that has decorations; all zero from nothing.
+    [[nodiscard]] virtual Rect frameRectForContentRect(const Rect& content) const = 0;
+
+    /// Centres the window on its screen, as the platform does it, without animation.
+    virtual void center() = 0;
+
+    /// Places the window among all windows on the screen. `level` is one that
+    /// Application::windowLevelForKey() has answered.
+    virtual void setLevel(std::int64_t level) = 0;
 
     /// Replaces the window's whole collection behaviour by `behavior`, a set of
     /// NSWindowCollectionBehavior bits (NSWindow.h).
@@ -111,6 +136,19 @@ class Application {
     /// Changes how much of the system's own interface is shown while the host is active
     /// (SetSystemUIMode of Carbon, MacApplication.h).
     virtual void setSystemUIMode(SystemUIMode mode) = 0;
+
+    /// The window level that `key`, a CGWindowLevelKey (CGWindowLevel.h), stands for
+    /// (CGWindowLevelForKey).
+    [[nodiscard]] virtual std::int32_t windowLevelForKey(std::int32_t key) const = 0;
+
+    /// Opens the system's search window with `text` in it (HISearchWindowShow of Carbon,
+    /// HISearchWindow.h). `options` is a set of that function's option bits. A system without one
+    /// says so in the log, in one line.
+    virtual void showSearchWindow(std::string_view text, std::uint32_t options) = 0;
+
+    /// Calls `call` once, `seconds` from now, from the host's event loop. The call waits for as
+    /// long as the host is in a modal dialogue or follows the mouse. It cannot be cancelled.
+    virtual void performAfterDelay(double seconds, std::function<void()> call) = 0;
 
     /// Writes one line to the platform's log. `line` is a text, never a format.
     virtual void log(std::string_view line) = 0;

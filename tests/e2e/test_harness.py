@@ -121,6 +121,7 @@ def test_a_window_is_where_its_host_says(start, desktop) -> None:
 
 def test_two_hosts_take_turns(start, desktop) -> None:
     first, second = start("TextEdit"), start("Ink")
+    second.wait_for_focus()  # which it takes when it is ready, whoever has it then
     for host, other in [(first, second), (second, first), (first, second)]:
         window = host.activate()
         other.wait_until(lambda: not other.probe.state()["active"], "the focus to leave")

@@ -95,7 +95,7 @@ TEST_F(InsertMenu, LogsNothingBehindTheBlankWhileScreensAreNotCounted) {
 
 TEST_F(InsertMenu, CountsTwoScreens) {
     writeSettings({{"vtrDisplaySetupBool", true}});
-    desktop.screenCount = 2;
+    desktop.screens.push_back({1440, 0, 1280, 800});
     it.load();
     EXPECT_THAT(it.host.logLines, ElementsAre("VTRLog - Screens: 2"));
     EXPECT_EQ(it.fields().screens, 2);

@@ -49,7 +49,7 @@ TEST_F(StartRestore, AppliesWhateverTheTextHolds) {
 
 TEST_F(StartRestore, ChoosesTheFrameOfTheDisplaySetup) {
     writeSettings({{"vtrDisplaySetupBool", true}});
-    desktop.screenCount = 2;
+    desktop.screens.push_back({1440, 0, 1280, 800});
     it.setDefault("vtr_savedWindowRect", "{{1, 1}, {1, 1}}");
     it.setDefault("vtr_savedWindowRect2", "{{212, 140}, {960, 720}}");
     it.load();

@@ -37,6 +37,14 @@ class CocoaMenu final : public Menu {
   public:
     explicit CocoaMenu(id controller) : controller_(controller), item_(controller) {}
 
+    CocoaMenu(const CocoaMenu&) = delete;
+    CocoaMenu& operator=(const CocoaMenu&) = delete;
+    CocoaMenu(CocoaMenu&&) = delete;
+    CocoaMenu& operator=(CocoaMenu&&) = delete;
+    ~CocoaMenu();
+
+    /// Keeps the menu until the next call: a command may ask the host's windows to move before it
+    /// comes back to the menu, and the host may exchange its menus meanwhile.
     CocoaMenu& bind(NSMenu* menu);
 
     [[nodiscard]] NSMenu* menu() const { return menu_; }

@@ -26,7 +26,7 @@ id makeItem(const MenuItemDescription& description, id controller) {
         [item setRepresentedObject:controller];
     }
     if (description.shortcut) {
-        [item setKeyEquivalent:toNSString(description.shortcut->key)];
+        [item setKeyEquivalent:native::keyEquivalent(description.shortcut->key)];
         [item setKeyEquivalentModifierMask:description.shortcut->mask];
     }
     if (!description.submenu.empty()) {
@@ -59,7 +59,13 @@ void CocoaMenuItem::setState(bool on) {
     [item_ setState:on ? NSOnState : NSOffState];
 }
 
+CocoaMenu::~CocoaMenu() {
+    [menu_ release];
+}
+
 CocoaMenu& CocoaMenu::bind(NSMenu* menu) {
+    [menu retain];
+    [menu_ release];
     menu_ = menu;
     return *this;
 }

@@ -27,6 +27,9 @@ class CocoaPlatform final : public Platform, public Application {
     Window& mainWindow() override;
     [[nodiscard]] std::int32_t screenCount() const override;
     void setSystemUIMode(SystemUIMode mode) override;
+    [[nodiscard]] std::int32_t windowLevelForKey(std::int32_t key) const override;
+    void showSearchWindow(std::string_view text, std::uint32_t options) override;
+    void performAfterDelay(double seconds, std::function<void()> call) override;
     void log(std::string_view line) override;
 
   private:

@@ -1,6 +1,7 @@
 #import "platform/cocoa/CocoaPlatform.h"
 
 #import "platform/cocoa/Convert.h"
+#import "platform/cocoa/DelayedCall.h"
 #import "platform/cocoa/Native.h"
 
 namespace vistrel::cocoa {
@@ -28,6 +29,18 @@ std::int32_t CocoaPlatform::screenCount() const {
 
 void CocoaPlatform::setSystemUIMode(SystemUIMode mode) {
     native::setSystemUIMode(mode);
+}
+
+std::int32_t CocoaPlatform::windowLevelForKey(std::int32_t key) const {
+    return native::windowLevelForKey(key);
+}
+
+void CocoaPlatform::showSearchWindow(std::string_view text, std::uint32_t options) {
+    native::showSearchWindow(text, options);
+}
+
+void CocoaPlatform::performAfterDelay(double seconds, std::function<void()> call) {
+    performLater(seconds, std::move(call));
 }
 
 void CocoaPlatform::log(std::string_view line) {

@@ -18,4 +18,19 @@
 /// The host's Zoom item, or nil.
 + (NSMenuItem*)zoomMenuItem;
 
+// The actions of the menu items. Each takes the sender, which is not looked at.
+
+- (void)left:(id)sender;
+- (void)right:(id)sender;
+- (void)threeL:(id)sender;
+- (void)threeM:(id)sender;
+- (void)threeR:(id)sender;
+- (void)center:(id)sender;
+- (void)centerAverage:(id)sender;
+- (void)floating:(id)sender;
+- (void)setKUIMode:(id)sender;
+- (void)doFullscreen:(id)sender;
+- (void)makeLionFullscreen:(id)sender;
+- (void)spotlight:(id)sender;
+
 @end

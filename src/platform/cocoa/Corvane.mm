@@ -22,6 +22,16 @@ Bundle& bundle() {
     return *theBundle;
 }
 
+using Action = void (vistrel::Corvane::*)();
+
+/// Performs an action of the controller for the host that sent it.
+void perform(Action action) {
+    vistrel::cocoa::runGuarded([action] {
+        if (auto* const controller = bundle().corvane.m.get())
+            (controller->*action)();
+    });
+}
+
 } // namespace
 
 @implementation Corvane
@@ -42,6 +52,54 @@ Bundle& bundle() {
 + (NSMenuItem*)zoomMenuItem {
     auto& item = vistrel::zoomMenuItem(bundle().platform);
     return static_cast<vistrel::cocoa::CocoaMenuItem&>(item).item();
+}
+
+- (void)left:(id)sender {
+    perform(&vistrel::Corvane::left);
+}
+
+- (void)right:(id)sender {
+    perform(&vistrel::Corvane::right);
+}
+
+- (void)threeL:(id)sender {
+    perform(&vistrel::Corvane::threeL);
+}
+
+- (void)threeM:(id)sender {
+    perform(&vistrel::Corvane::threeM);
+}
+
+- (void)threeR:(id)sender {
+    perform(&vistrel::Corvane::threeR);
+}
+
+- (void)center:(id)sender {
+    perform(&vistrel::Corvane::center);
+}
+
+- (void)centerAverage:(id)sender {
+    perform(&vistrel::Corvane::centerAverage);
+}
+
+- (void)floating:(id)sender {
+    perform(&vistrel::Corvane::floating);
+}
+
+- (void)setKUIMode:(id)sender {
+    perform(&vistrel::Corvane::setKUIMode);
+}
+
+- (void)doFullscreen:(id)sender {
+    perform(&vistrel::Corvane::doFullscreen);
+}
+
+- (void)makeLionFullscreen:(id)sender {
+    perform(&vistrel::Corvane::makeLionFullscreen);
+}
+
+- (void)spotlight:(id)sender {
+    perform(&vistrel::Corvane::spotlight);
 }
 
 @end

@@ -6,7 +6,7 @@
 
 namespace vistrel::cocoa {
 
-void runGuarded(void (*action)()) noexcept {
+void runGuarded(const std::function<void()>& action) noexcept {
     try {
         runGuardedFromObjectiveC(action);
     } catch (const std::exception& exception) {

@@ -4,7 +4,7 @@
 
 namespace vistrel::cocoa {
 
-void runGuardedFromObjectiveC(void (*action)()) {
+void runGuardedFromObjectiveC(const std::function<void()>& action) {
     @try {
         action();
     } @catch (NSException* exception) {

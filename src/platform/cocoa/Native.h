@@ -4,10 +4,12 @@
 
 #import <AppKit/AppKit.h>
 
+#include <cstdint>
 #include <string>
+#include <string_view>
 
 /// What GNUstep and macOS do each in their own way. NativeGNUstep.mm or NativeMacOS.mm is built,
-/// never both.
+/// never both. Windows may be nil everywhere; nothing happens then, and the answer is zero.
 namespace vistrel::cocoa::native {
 
 /// Whether `number` was made as a boolean, so that it is written as one.
@@ -17,7 +19,30 @@ bool isBoolean(NSNumber* number);
 /// Empty for nil and for menus without one.
 std::string menuName(NSMenu* menu);
 
-/// Changes how much of the system's own interface is shown while the host is active.
+/// `key` as the key equivalent of a menu item, so that the keyboard's Return key is the line feed.
+NSString* keyEquivalent(std::string_view key);
+
+/// The whole frame of the screen that `window` is on.
+NSRect screenFrame(NSWindow* window);
+
+/// Moves `window` with animation; returns when it has arrived.
+void setFrameAnimated(NSWindow* window, NSRect frame);
+
+/// The frame of `window` whose content area would be `content`.
+NSRect frameRectForContentRect(NSWindow* window, NSRect content);
+
+/// The platform's own centring; returns when the window has arrived.
+void center(NSWindow* window);
+
+/// CGWindowLevelForKey.
+std::int32_t windowLevelForKey(std::int32_t key);
+
+void setLevel(NSWindow* window, NSInteger level);
+
+/// SetSystemUIMode: how much of the system's own interface is shown while the host is active.
 void setSystemUIMode(SystemUIMode mode);
+
+/// HISearchWindowShow: opens the system's search window, or says in the log why there is none.
+void showSearchWindow(std::string_view text, std::uint32_t options);
 
 } // namespace vistrel::cocoa::native

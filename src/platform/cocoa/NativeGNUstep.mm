@@ -1,5 +1,12 @@
 #import "platform/cocoa/Native.h"
 
+#import "platform/cocoa/Convert.h"
+#import "platform/cocoa/FrameGNUstep.h"
+#import "platform/cocoa/HidingGNUstep.h"
+#import "platform/cocoa/LevelGNUstep.h"
+#import "platform/cocoa/ReturnKeyGNUstep.h"
+#include "platform/cocoa/SearchToolGNUstep.h"
+
 namespace vistrel::cocoa::native {
 
 bool isBoolean(NSNumber* number) {
@@ -12,11 +19,43 @@ std::string menuName(NSMenu* menu) {
     return menu != nil && menu == [NSApp windowsMenu] ? "NSWindowsMenu" : "";
 }
 
+NSString* keyEquivalent(std::string_view key) {
+    return key == "\n" ? gnustep::returnKeyEquivalent() : toNSString(key);
+}
+
+NSRect screenFrame(NSWindow* window) {
+    return gnustep::screenFrame(window);
+}
+
+void setFrameAnimated(NSWindow* window, NSRect frame) {
+    gnustep::setFrameAnimated(window, frame);
+}
+
+NSRect frameRectForContentRect(NSWindow* window, NSRect content) {
+    return gnustep::frameRectForContentRect(window, content);
+}
+
+void center(NSWindow* window) {
+    [window center];
+}
+
+std::int32_t windowLevelForKey(std::int32_t key) {
+    return gnustep::windowLevelForKey(key);
+}
+
+void setLevel(NSWindow* window, NSInteger level) {
+    gnustep::setLevel(window, level);
+}
+
 void setSystemUIMode(SystemUIMode mode) {
-    if (mode == systemUIHidden)
-        [[NSApp mainMenu] close];
-    else
-        [[NSApp mainMenu] display];
+    gnustep::setSystemUIMode(mode);
+}
+
+void showSearchWindow(std::string_view text, std::uint32_t options) {
+    // The user's own choice of a search tool, which no other setting of ours offers.
+    NSString* own = [[NSUserDefaults standardUserDefaults] stringForKey:@"VTRSearchTool"];
+    if (const auto problem = gnustep::showSearchWindow(text, options, toString(own)))
+        NSLog(@"%@", toNSString(*problem));
 }
 
 } // namespace vistrel::cocoa::native

@@ -1,5 +1,6 @@
 #include "platform/memory/MemoryHost.h"
 
+#include "core/WindowLevel.h"
 #include "platform/memory/Nothing.h"
 
 namespace vistrel::memory {
@@ -29,12 +30,26 @@ Window& MemoryHost::mainWindow() {
 }
 
 std::int32_t MemoryHost::screenCount() const {
-    return desktop_.screenCount;
+    return static_cast<std::int32_t>(desktop_.screens.size());
 }
 
 void MemoryHost::setSystemUIMode(SystemUIMode mode) {
     calls.record("setSystemUIMode ", mode.mode, " ", mode.options);
     systemUIMode = mode;
+}
+
+std::int32_t MemoryHost::windowLevelForKey(std::int32_t levelKey) const {
+    calls.record("windowLevelForKey ", levelKey);
+    return levelKey == floatingWindowLevelKey ? floatingLevel : normalLevel;
+}
+
+void MemoryHost::showSearchWindow(std::string_view text, std::uint32_t options) {
+    calls.record("showSearchWindow \"", text, "\" ", options);
+}
+
+void MemoryHost::performAfterDelay(double seconds, std::function<void()> call) {
+    calls.record("performAfterDelay ", seconds);
+    desktop_.clock.add(seconds, std::move(call));
 }
 
 void MemoryHost::log(std::string_view line) {
@@ -48,7 +63,7 @@ MemoryMenu& MemoryHost::addMainMenu() {
 }
 
 MemoryWindow& MemoryHost::addWindow(std::string name, const Rect& frame) {
-    windows_.push_back(std::make_unique<MemoryWindow>(calls, std::move(name), frame));
+    windows_.push_back(std::make_unique<MemoryWindow>(calls, desktop_, std::move(name), frame));
     return *windows_.back();
 }
 

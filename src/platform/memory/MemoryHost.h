@@ -35,6 +35,9 @@ class MemoryHost final : public Platform, public Application {
     Window& mainWindow() override;
     [[nodiscard]] std::int32_t screenCount() const override;
     void setSystemUIMode(SystemUIMode mode) override;
+    [[nodiscard]] std::int32_t windowLevelForKey(std::int32_t levelKey) const override;
+    void showSearchWindow(std::string_view text, std::uint32_t options) override;
+    void performAfterDelay(double seconds, std::function<void()> call) override;
     void log(std::string_view line) override;
 
     /// Gives the host an empty main menu.
@@ -43,7 +46,12 @@ class MemoryHost final : public Platform, public Application {
     /// Gives the host a window; it becomes neither key nor main by that.
     MemoryWindow& addWindow(std::string name, const Rect& frame);
 
-    CallLog calls;
+    /// The levels that windowLevelForKey() answers. They differ from AppKit's on purpose: nothing
+    /// may take a key for a level.
+    static constexpr std::int32_t normalLevel = 100;
+    static constexpr std::int32_t floatingLevel = 103;
+
+    mutable CallLog calls;
     std::optional<std::string> identifier;
     MemoryWindow* key = nullptr;
     MemoryWindow* main = nullptr;

@@ -4,11 +4,24 @@
 
 namespace vistrel::memory {
 
+class NoScreen final : public Screen {
+  public:
+    [[nodiscard]] Rect frame() const override { return {}; }
+};
+
 class NoWindow final : public Window {
   public:
     [[nodiscard]] Rect frame() const override { return {}; }
 
+    Screen& screen() override;
+
     void setFrameAnimated(const Rect&) override {}
+
+    [[nodiscard]] Rect frameRectForContentRect(const Rect&) const override { return {}; }
+
+    void center() override {}
+
+    void setLevel(std::int64_t) override {}
 
     void setCollectionBehavior(std::uint64_t) override {}
 };
@@ -38,10 +51,15 @@ class NoMenu final : public Menu {
     void insertItem(const MenuItemDescription&, std::int32_t) override {}
 };
 
-/// The objects that stand for no window, no menu item and no menu. They hold no state.
+/// The objects that stand for no screen, no window, no menu item and no menu. They hold no state.
+inline constinit NoScreen noScreen;
 inline constinit NoWindow noWindow;
 inline constinit NoMenuItem noMenuItem;
 inline constinit NoMenu noMenu;
+
+inline Screen& NoWindow::screen() {
+    return noScreen;
+}
 
 inline Menu& NoMenuItem::submenu() {
     return noMenu;

@@ -28,9 +28,13 @@ def _folders() -> list[Path]:
 
 
 def find(name: str) -> Path | None:
-    """The executable of an application, or None where it is not installed."""
-    for folder in _folders():
-        executable = folder / f"{name}.app" / name
+    """The executable of an application, by its name or by the path of its folder.
+
+    None where it is not installed.
+    """
+    stem = Path(name).stem
+    for folder in [Path(name).parent] if "/" in name else _folders():
+        executable = folder / f"{stem}.app" / stem
         if executable.is_file():
             return executable
     return None

@@ -17,7 +17,7 @@ from Xlib.protocol import event
 from .account import Account
 from .devices import Keyboard, Mouse
 from .geometry import Rect
-from .waiting import wait_until
+from .managerecho import ManagerEcho
 from .windowmanager import Openbox, WindowManager
 from .xserver import MonitorServer, VirtualServer, XServer
 
@@ -45,9 +45,11 @@ class Desktop:
         self.connection = self.server.connection
         self.mouse = Mouse(self.connection)
         self.keyboard = Keyboard(self.connection)
+        self._echo = ManagerEcho(self.connection)
         self._manager = manager and manager(account, self.server, logs / "manager.log")
         if self._manager:
             self._manager.start()
+            self.catch_up()
 
     def _serve(self, log: Path, size: tuple[int, int]) -> XServer:
         return VirtualServer(self.account, log, size)
@@ -140,6 +142,10 @@ class Desktop:
         width, height = self.size
         self.mouse.move(width - 1, height - 1)
 
+    def catch_up(self) -> None:
+        """Return when the window manager has done all that it was asked to do."""
+        self._echo.wait()
+
     # Acting, as a task bar or a pager would
 
     def _ask_manager(self, xid: int, name: str, data: list[int]) -> None:
@@ -152,15 +158,17 @@ class Desktop:
         self.server.root.send_event(message, event_mask=mask)
         self.connection.sync()
 
-    def activate(self, xid: int, timeout: float = 5.0) -> None:
-        """Bring a window to the front and give it the keyboard."""
-        self._ask_manager(xid, "_NET_ACTIVE_WINDOW", [SOURCE_IS_A_PAGER, X.CurrentTime])
-        wait_until(
-            lambda: self.focus() == xid, f"window {xid:#x} to be active", timeout
-        )
+    def ask_for_focus(self, xid: int) -> None:
+        """Ask the manager to bring a window to the front and to focus it.
+
+        With the time, as after a click: a request for the focus that seems
+        older than the last change of it is ignored by the X server.
+        """
+        now = self.server.time()
+        self._ask_manager(xid, "_NET_ACTIVE_WINDOW", [SOURCE_IS_A_PAGER, now])
 
     def close_window(self, xid: int) -> None:
-        self._ask_manager(xid, "_NET_CLOSE_WINDOW", [X.CurrentTime, SOURCE_IS_A_PAGER])
+        self._ask_manager(xid, "_NET_CLOSE_WINDOW", [self.server.time(), SOURCE_IS_A_PAGER])
 
     def move_resize(self, xid: int, client: Rect) -> None:
         """Move and size the contents of a window, as if the user had done it."""

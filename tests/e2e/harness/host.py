@@ -13,7 +13,7 @@ from .account import Account
 from .desktop import Desktop
 from .geometry import Rect
 from .probe import Default, Probe
-from .waiting import wait_until
+from .waiting import insist, wait_until
 
 Result = TypeVar("Result")
 
@@ -166,32 +166,55 @@ class Host:
         return None
 
     def catch_up(self) -> None:
-        """Return when the host has handled all that the X server has sent it.
+        """Return when the host and the window manager are done with each other.
 
-        It answers when it waits for events and has none left. One answer may
-        come in the same pass in which it reads what the server has sent, the
-        next one comes after it has handled that.
+        The host, until it waits for events; then the manager, with what the
+        host has asked of it; then the host, with what has come of that.
         """
+        self._handle_events()
+        self.desktop.catch_up()
+        self._handle_events()
+
+    def _handle_events(self) -> None:
+        # It answers when no event is left. One answer may come in the same
+        # pass in which it reads what the X server has sent; then it handles
+        # that, and the next answer comes after it.
         for _ in range(2):
             self.probe.state()
 
     # Focus
 
     def has_focus(self) -> bool:
-        """Whether the host, its key window and the X server all agree."""
-        key = self.key_window()
-        active = self.probe.state()["active"]
-        return bool(active and key and key["xid"] == self.desktop.focus())
+        """Whether the host has a key window, and the X server sends it the keys.
+
+        Window Maker now and then gives the focus to the host's menu instead;
+        what is typed then still goes to the key window.
+        """
+        windows = self.probe.windows()
+        return (
+            self.probe.state()["active"]
+            and any(window["key"] for window in windows)
+            and self.desktop.focus() in [window["xid"] for window in windows]
+        )
 
     def wait_for_focus(self, timeout: float = 10.0) -> dict[str, Any]:
-        self.wait_until(self.has_focus, "its key window to have the keyboard", timeout)
+        self.wait_until(self.has_focus, "the host to have the keyboard", timeout)
         self.catch_up()
         return self.key_window()
 
     def activate(self, title: str | None = None) -> dict[str, Any]:
-        """Bring a window of this host to the front, as a task bar does."""
+        """Bring a window of this host to the front, as a task bar does.
+
+        Two hosts that are made to take turns within milliseconds may both end
+        up inactive, the one that is leaving having asked for the focus last.
+        """
         window = self.wait_until(lambda: self.windows(title), f"a window {title!r}")[0]
-        self.desktop.activate(window["xid"])
+        insist(
+            lambda: self.desktop.ask_for_focus(window["xid"]),
+            lambda: self.has_focus() and self.desktop.focus() == window["xid"],
+            f"{self.name} to be active",
+            every=1.0,
+        )
         return self.wait_for_focus()
 
     def frame(self, window: dict[str, Any]) -> Rect:

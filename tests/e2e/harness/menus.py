@@ -17,12 +17,10 @@ from typing import Any
 
 from .geometry import Rect
 from .host import Host
-from .waiting import NotInTime, wait_until
+from .waiting import insist
 
 Menu = dict[str, Any]
 Item = dict[str, Any]
-
-RELEASE_SECONDS = 0.3
 
 
 def rect(described: Menu | Item) -> Rect:
@@ -122,18 +120,16 @@ class Menus:
         """
         width, height = self._host.desktop.size
         self._mouse.move(width - 1, height - 1)
-        self._mouse.release()
-        while not self._ends_tracking(RELEASE_SECONDS):
-            self._host.assert_alive()
-            self._mouse.press()
-            self._mouse.release()
+        insist(
+            self._click_or_release,
+            lambda: not self._is_tracking(),
+            "the menus to be done with the mouse",
+        )
 
-    def _ends_tracking(self, seconds: float) -> bool:
-        try:
-            wait_until(lambda: not self._is_tracking(), "the end of tracking", seconds)
-        except NotInTime:
-            return False
-        return True
+    def _click_or_release(self) -> None:
+        if not self._mouse.is_pressed():
+            self._mouse.press()
+        self._mouse.release()
 
     def _move_to(self, *titles: str) -> None:
         self._mouse.move(*rect(self._host.item_at(*titles)).centre)

@@ -44,3 +44,26 @@ def wait_until(
             )
         time.sleep(pause)
         pause = min(pause * 1.5, LONGEST_PAUSE)
+
+
+def insist(
+    ask: Callable[[], None],
+    predicate: Callable[[], Result],
+    what: str,
+    timeout: float = 10.0,
+    every: float = 0.3,
+) -> Result:
+    """Ask for something, and ask again from time to time until it is so.
+
+    For what may be lost on its way, as a user clicks again when nothing
+    happens; never for what is under test.
+    """
+    limit = time.monotonic() + timeout
+    while True:
+        ask()
+        left = limit - time.monotonic()
+        try:
+            return wait_until(predicate, what, max(0.0, min(every, left)))
+        except NotInTime:
+            if left <= every:
+                raise NotInTime(f"asked for {timeout:g} s for {what}") from None

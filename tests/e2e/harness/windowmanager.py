@@ -28,10 +28,14 @@ OPENBOX_CONFIGURATION = """\
   <keyboard/>
   <mouse>
     <context name="Client">
-      <mousebind button="Left" action="Press"><action name="Focus"/><action name="Raise"/></mousebind>
+      <mousebind button="Left" action="Press">
+        <action name="Focus"/><action name="Raise"/>
+      </mousebind>
     </context>
     <context name="Titlebar">
-      <mousebind button="Left" action="Press"><action name="Focus"/><action name="Raise"/></mousebind>
+      <mousebind button="Left" action="Press">
+        <action name="Focus"/><action name="Raise"/>
+      </mousebind>
       <mousebind button="Left" action="Drag"><action name="Move"/></mousebind>
     </context>
     <context name="BRCorner">

@@ -1,0 +1,141 @@
+#import "platform/cocoa/FrameGNUstep.h"
+
+#import "platform/cocoa/GuardObjC.h"
+#import "platform/cocoa/HostAnimationGNUstep.h"
+#import "platform/cocoa/PlaceGNUstep.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace vistrel::cocoa::gnustep {
+
+namespace {
+
+using namespace std::chrono_literals;
+using Seconds = std::chrono::duration<double>;
+
+constexpr Seconds longest{0.25};
+constexpr Seconds betweenSteps{1.0 / 75};
+
+// A window manager answers within a few milliseconds; these end the waiting for one that does not,
+// or that insists on another frame.
+constexpr auto patienceWithStep = 100ms;
+constexpr auto patienceWithEnd = 250ms;
+
+// One number for each move. A host can, from a delegate, come back here while a move is under way;
+// the newest one counts.
+constinit unsigned int newest = 0;
+
+bool isFinite(NSRect frame) {
+    return std::isfinite(NSMinX(frame)) && std::isfinite(NSMinY(frame)) &&
+           std::isfinite(NSWidth(frame)) && std::isfinite(NSHeight(frame));
+}
+
+/// The platform reads the user's setting without a look, and cannot do with what is not positive.
+bool isSettingUsable() {
+    id setting = [[NSUserDefaults standardUserDefaults] objectForKey:@"NSWindowResizeTime"];
+    if (setting == nil)
+        return true;
+    return [setting respondsToSelector:@selector(floatValue)] && [setting floatValue] > 0;
+}
+
+Seconds duration(NSWindow* window, NSRect frame) {
+    if (!isOnScreen(window) || !isSettingUsable())
+        return {};
+    const double time = [window animationResizeTime:frame];
+    return std::isfinite(time) ? std::clamp(Seconds(time), Seconds(0), longest) : Seconds(0);
+}
+
+/// `from` at part 0 and `to` at part 1, slow near both.
+NSRect between(NSRect from, NSRect to, double part) {
+    const double way = part * part * (3 - 2 * part);
+    const auto mix = [way](CGFloat a, CGFloat b) { return a + (b - a) * way; };
+    return NSMakeRect(mix(NSMinX(from), NSMinX(to)), mix(NSMinY(from), NSMinY(to)),
+                      mix(NSWidth(from), NSWidth(to)), mix(NSHeight(from), NSHeight(to)));
+}
+
+/// One animated move of a window.
+class Move {
+  public:
+    Move(NSWindow* window, NSRect frame)
+        : window_(window), from_([window frame]), to_(attainableFrame(window, frame)),
+          duration_(duration(window, to_)) {}
+
+    void run() {
+        const auto begin = Clock::now();
+        const int count = static_cast<int>(std::ceil(duration_ / betweenSteps));
+        for (int next = 1; next < count && goesOn();) {
+            stepTo(static_cast<double>(next) / count);
+            const auto due =
+                begin + std::chrono::duration_cast<Clock::duration>(next * betweenSteps);
+            waitUntil([] { return false; }, due);
+            // Whoever draws slowly gets fewer steps, not a longer animation.
+            next = 1 + std::max(next, static_cast<int>((Clock::now() - begin) / betweenSteps));
+        }
+        end();
+    }
+
+  private:
+    void stepTo(double part) {
+        @autoreleasepool {
+            const NSRect step = attainableFrame(window_, between(from_, to_, part));
+            moveAndWait(window_, step, patienceWithStep);
+        }
+    }
+
+    void end() {
+        if (goesOn())
+            moveAndWait(window_, to_, patienceWithEnd);
+    }
+
+    /// A window that has gone meanwhile is closed, perhaps for good: what its delegate was may be
+    /// freed, so it is not touched again.
+    [[nodiscard]] bool goesOn() const {
+        return number_ == newest && isOnScreen(window_) == wasOnScreen_;
+    }
+
+    NSWindow* window_;
+    NSRect from_;
+    NSRect to_;
+    Seconds duration_;
+    unsigned int number_ = ++newest;
+    bool wasOnScreen_ = isOnScreen(window_);
+};
+
+} // namespace
+
+void setFrameAnimated(NSWindow* window, NSRect frame) {
+    if (window == nil || !isFinite(frame))
+        return;
+    @try {
+        // The host may close the window meanwhile; until the command is over, it has to be there.
+        [[window retain] autorelease];
+        endHostAnimations(window);
+        takeEvents();
+        leaveManagedSize(window);
+        Move(window, frame).run();
+    } @catch (NSException* exception) {
+        logStopped([[exception description] UTF8String]);
+    }
+}
+
+NSRect frameRectForContentRect(NSWindow* window, NSRect content) {
+    if (window == nil)
+        return NSZeroRect;
+    // The platform also counts what is inside the window: a tool bar, a menu.
+    NSRect frame = [window frameRectForContentRect:content];
+    const Extents supposed = supposedExtents(window);
+    const Extents real = frameExtents(window).value_or(supposed);
+    frame.origin.x += supposed.left - real.left;
+    frame.origin.y += supposed.bottom - real.bottom;
+    frame.size.width += real.left + real.right - supposed.left - supposed.right;
+    frame.size.height += real.top + real.bottom - supposed.top - supposed.bottom;
+    return frame;
+}
+
+NSRect screenFrame(NSWindow* window) {
+    NSScreen* screen = [window screen];
+    return screen != nil ? [screen frame] : NSZeroRect;
+}
+
+} // namespace vistrel::cocoa::gnustep

@@ -1,0 +1,201 @@
+#import "platform/cocoa/HidingGNUstep.h"
+
+#import "platform/cocoa/Guard.h"
+#import "platform/cocoa/HostMenuGNUstep.h"
+#import "platform/cocoa/RaisedWindowsGNUstep.h"
+#import "platform/cocoa/ServerWatchGNUstep.h"
+
+/// Listens to the host while the mode is set, and looks at the pointer while the menu is back.
+@interface VTRHiding : NSObject
+
+- (void)applicationBecameActive:(NSNotification*)notification;
+- (void)applicationResignedActive:(NSNotification*)notification;
+- (void)screensChanged:(NSNotification*)notification;
+- (void)eventHandled:(NSNotification*)notification;
+- (void)lookAtPointer:(NSTimer*)timer;
+
+@end
+
+namespace vistrel::cocoa::gnustep {
+
+namespace {
+
+enum class MenuPlace {
+    /// Shown as always, because the mode does not hold or must not hide it.
+    Usual,
+    /// Out of sight until the pointer comes to the edge.
+    Away,
+    /// Shown until the pointer leaves it.
+    Back,
+};
+
+struct Hiding {
+    SystemUIMode mode = systemUINormal;
+    /// Whether the mode holds at this moment.
+    bool holds = false;
+    MenuPlace menu = MenuPlace::Usual;
+    NSTimer* pointerTimer = nil;
+    id observer = nil;
+};
+
+Hiding& hiding() {
+    static auto* const theHiding = new Hiding;
+    return *theHiding;
+}
+
+/// Not while a menu is tracked, which is done in a mode of its own.
+void startPointerTimer() {
+    constexpr NSTimeInterval seconds = 0.1;
+    hiding().pointerTimer = [NSTimer timerWithTimeInterval:seconds
+                                                    target:hiding().observer
+                                                  selector:@selector(lookAtPointer:)
+                                                  userInfo:nil
+                                                   repeats:YES];
+    NSRunLoop* const loop = [NSRunLoop mainRunLoop];
+    [loop addTimer:hiding().pointerTimer forMode:NSDefaultRunLoopMode];
+    [loop addTimer:hiding().pointerTimer forMode:NSModalPanelRunLoopMode];
+}
+
+void stopPointerTimer() {
+    [hiding().pointerTimer invalidate];
+    hiding().pointerTimer = nil;
+}
+
+void stopWaiting() {
+    watchEdge(std::nullopt, nullptr);
+    stopPointerTimer();
+}
+
+void bringMenuBack() {
+    stopWaiting();
+    hiding().menu = MenuPlace::Back;
+    showHostMenu();
+    startPointerTimer();
+}
+
+/// The X server feels the pointer at the edge, so that nothing runs here until it comes.
+void awaitPointer() {
+    watchEdge(toServer(hostMenuEdge()), bringMenuBack);
+}
+
+void sendMenuAway() {
+    stopWaiting();
+    hiding().menu = MenuPlace::Away;
+    hideHostMenu();
+    awaitPointer();
+}
+
+void showMenuAsUsual() {
+    stopWaiting();
+    hiding().menu = MenuPlace::Usual;
+    showHostMenu();
+}
+
+/// Without a key window, the platform gives the keyboard to the menu's window: were that hidden,
+/// the host could not even be active.
+bool mayHideMenu() {
+    return [NSApp keyWindow] != nil;
+}
+
+/// The platform and the host show menus and make windows as they like, so this asks again after
+/// each event.
+void settleMenu() {
+    if (!hiding().holds || hiding().menu == MenuPlace::Back)
+        return;
+    if (!mayHideMenu() && hiding().menu == MenuPlace::Away)
+        showMenuAsUsual();
+    else if (mayHideMenu() && hiding().menu == MenuPlace::Usual)
+        sendMenuAway();
+    else if (mayHideMenu())
+        hideHostMenu();
+}
+
+void lookAtPointer() {
+    if (!isHostMenuInUse() && !isNearHostMenu([NSEvent mouseLocation]))
+        sendMenuAway();
+}
+
+void begin() {
+    if (hiding().holds)
+        return;
+    hiding().holds = true;
+    setCovering(true);
+    settleMenu();
+}
+
+void end() {
+    if (!hiding().holds)
+        return;
+    hiding().holds = false;
+    showMenuAsUsual();
+    setCovering(false);
+}
+
+void observe(SEL action, NSString* name) {
+    [[NSNotificationCenter defaultCenter] addObserver:hiding().observer
+                                             selector:action
+                                                 name:name
+                                               object:nil];
+}
+
+void beginObserving() {
+    hiding().observer = [[VTRHiding alloc] init];
+    observe(@selector(applicationBecameActive:), NSApplicationDidBecomeActiveNotification);
+    observe(@selector(applicationResignedActive:), NSApplicationDidResignActiveNotification);
+    observe(@selector(screensChanged:), NSApplicationDidChangeScreenParametersNotification);
+    observe(@selector(eventHandled:), NSApplicationDidUpdateNotification);
+}
+
+void endObserving() {
+    [[NSNotificationCenter defaultCenter] removeObserver:hiding().observer];
+    [hiding().observer autorelease];
+    hiding().observer = nil;
+}
+
+} // namespace
+
+void setSystemUIMode(SystemUIMode mode) {
+    const auto meant = mode == systemUIHidden ? systemUIHidden : systemUINormal;
+    if (meant == hiding().mode)
+        return;
+    hiding().mode = meant;
+    if (meant == systemUIHidden) {
+        beginObserving();
+        if ([NSApp isActive])
+            begin();
+    } else {
+        end();
+        endObserving();
+    }
+}
+
+} // namespace vistrel::cocoa::gnustep
+
+using namespace vistrel::cocoa;
+
+@implementation VTRHiding
+
+- (void)applicationBecameActive:(NSNotification*)notification {
+    runGuarded(gnustep::begin);
+}
+
+- (void)applicationResignedActive:(NSNotification*)notification {
+    runGuarded(gnustep::end);
+}
+
+- (void)screensChanged:(NSNotification*)notification {
+    runGuarded([] {
+        if (gnustep::hiding().menu == gnustep::MenuPlace::Away)
+            gnustep::awaitPointer();
+    });
+}
+
+- (void)eventHandled:(NSNotification*)notification {
+    runGuarded(gnustep::settleMenu);
+}
+
+- (void)lookAtPointer:(NSTimer*)timer {
+    runGuarded([] { gnustep::lookAtPointer(); });
+}
+
+@end

@@ -1,0 +1,31 @@
+#pragma once
+
+#import "platform/cocoa/X11GNUstep.h"
+
+/// Moves of a window without animation. Frames are those of the platform: pixels with decorations,
+/// y upwards from the lower edge of the whole X screen.
+namespace vistrel::cocoa::gnustep {
+
+/// Whether the user sees the window, and moving it is the window manager's business.
+bool isOnScreen(NSWindow* window);
+
+/// The frame nearest to `frame` that the window can have: its edges on whole pixels, its size
+/// within the window's limits and those of X. Where the size has to change, the lower left corner
+/// stays, as it does on the platform. All numbers in `frame` must be finite or infinite, none
+/// undefined.
+NSRect attainableFrame(NSWindow* window, NSRect frame);
+
+/// Sends the window to `frame`, which must be attainable, and redraws it. The window manager may
+/// still be about to follow when this returns.
+void moveTo(NSWindow* window, NSRect frame);
+
+/// The same, and waits until the window stands there by its own word and by the X server's. Answers
+/// whether it does: a window manager and a host can insist on another frame, and after `patience`
+/// they have it. A window that is not on screen has only its own word.
+bool moveAndWait(NSWindow* window, NSRect frame, Clock::duration patience);
+
+/// Makes the window manager let go of a window that it has maximised or made fill the screen, and
+/// waits for it. Such a window does not follow its application.
+void leaveManagedSize(NSWindow* window);
+
+} // namespace vistrel::cocoa::gnustep

@@ -1,0 +1,134 @@
+#import "platform/cocoa/ServerConnectionGNUstep.h"
+
+#import "platform/cocoa/StackingGNUstep.h"
+
+/// Passes on the run loop's message that events wait.
+@interface VTRServerConnection : NSObject <RunLoopEvents> {
+    int _descriptor;
+    void (*_readable)();
+}
+
+- (id)initWithDescriptor:(int)descriptor readable:(void (*)())readable;
+- (void)end;
+
+@end
+
+namespace {
+
+NSArray* eventModes() {
+    return [NSArray arrayWithObjects:NSDefaultRunLoopMode, NSModalPanelRunLoopMode,
+                                     NSEventTrackingRunLoopMode, nil];
+}
+
+void* asData(int descriptor) {
+    return reinterpret_cast<void*>(static_cast<intptr_t>(descriptor));
+}
+
+} // namespace
+
+@implementation VTRServerConnection
+
+- (id)initWithDescriptor:(int)descriptor readable:(void (*)())readable {
+    if ((self = [super init]) == nil)
+        return nil;
+    _descriptor = descriptor;
+    _readable = readable;
+    for (NSString* mode in eventModes())
+        [[NSRunLoop mainRunLoop] addEvent:asData(descriptor)
+                                     type:ET_RDESC
+                                  watcher:self
+                                  forMode:mode];
+    return self;
+}
+
+- (void)end {
+    for (NSString* mode in eventModes())
+        [[NSRunLoop mainRunLoop] removeEvent:asData(_descriptor)
+                                        type:ET_RDESC
+                                     forMode:mode
+                                         all:YES];
+}
+
+- (void)receivedEvent:(void*)data
+                 type:(RunLoopEventType)type
+                extra:(void*)extra
+              forMode:(NSString*)mode {
+    _readable();
+}
+
+@end
+
+namespace vistrel::cocoa::gnustep {
+
+bool ServerConnection::open(void (*readable)()) {
+    if (connection_ != nullptr)
+        return true;
+    connection_ = xcb_connect(displayName(), nullptr);
+    if (xcb_connection_has_error(connection_) != 0) {
+        xcb_disconnect(connection_);
+        connection_ = nullptr;
+        return false;
+    }
+    root_ = xcb_setup_roots_iterator(xcb_get_setup(connection_)).data->root;
+    source_ = [[VTRServerConnection alloc] initWithDescriptor:xcb_get_file_descriptor(connection_)
+                                                     readable:readable];
+    return true;
+}
+
+void ServerConnection::close() {
+    if (connection_ == nullptr)
+        return;
+    [source_ end];
+    // The run loop may be in the middle of telling it.
+    [source_ autorelease];
+    source_ = nil;
+    xcb_disconnect(connection_);
+    connection_ = nullptr;
+}
+
+xcb_generic_event_t* ServerConnection::nextEvent() {
+    if (connection_ == nullptr)
+        return nullptr;
+    auto* const event = xcb_poll_for_event(connection_);
+    if (event == nullptr && xcb_connection_has_error(connection_) != 0)
+        close();
+    return event;
+}
+
+void ServerConnection::selectEvents(xcb_window_t window, xcb_event_mask_t events) {
+    if (connection_ == nullptr)
+        return;
+    const std::uint32_t mask = events;
+    xcb_change_window_attributes(connection_, window, XCB_CW_EVENT_MASK, &mask);
+    xcb_flush(connection_);
+}
+
+xcb_window_t ServerConnection::makeSensor(NSRect rect) {
+    const auto window = xcb_generate_id(connection_);
+    const std::uint32_t values[] = {1, XCB_EVENT_MASK_ENTER_WINDOW};
+    xcb_create_window(
+        connection_, XCB_COPY_FROM_PARENT, window, root_, static_cast<std::int16_t>(NSMinX(rect)),
+        static_cast<std::int16_t>(NSMinY(rect)), static_cast<std::uint16_t>(NSWidth(rect)),
+        static_cast<std::uint16_t>(NSHeight(rect)), 0, XCB_WINDOW_CLASS_INPUT_ONLY,
+        XCB_COPY_FROM_PARENT, XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK, values);
+    xcb_map_window(connection_, window);
+    xcb_flush(connection_);
+    return window;
+}
+
+void ServerConnection::raise(xcb_window_t window) {
+    if (connection_ == nullptr)
+        return;
+    const std::uint32_t mode = XCB_STACK_MODE_ABOVE;
+    xcb_configure_window(connection_, window, XCB_CONFIG_WINDOW_STACK_MODE, &mode);
+    xcb_flush(connection_);
+}
+
+void ServerConnection::destroy(xcb_window_t window) {
+    if (connection_ == nullptr)
+        return;
+    xcb_destroy_window(connection_, window);
+    xcb_flush(connection_);
+}
+
+} // namespace vistrel::cocoa::gnustep

@@ -1,0 +1,142 @@
+"""A tour of Vistrel in a real application: tour.py APP-FOLDER PICTURES
+
+Gives each command for real, by mouse or by its shortcut, prints where the
+window was before and after, and takes a picture of each step.
+"""
+
+from __future__ import annotations
+
+import os
+import shutil
+import sys
+import tempfile
+from collections.abc import Callable
+from pathlib import Path
+
+from harness.account import Account
+from harness.desktop import Desktop
+from harness.devices import COMMAND
+from harness.geometry import Rect
+from harness.host import Host
+from harness.menus import Menus, rect
+
+LOG_LINE = "VTRLog - Screens: "
+
+ARRANGE = [
+    "Toggle ½ Screen Left", "Toggle ½ Screen Left",
+    "Toggle ½ Screen Right", "Toggle ½ Screen Right",
+    "Toggle ⅓ Screen Left", "Toggle ⅓ Screen Left",
+    "Toggle ⅓ Screen Middle", "Toggle ⅓ Screen Middle",
+    "Toggle ⅓ Screen Right", "Toggle ⅓ Screen Right",
+    "Center Average Window", "Center Window",
+]
+
+
+class Tour:
+    def __init__(self, host: Host, desktop: Desktop, pictures: Path) -> None:
+        self.host, self.desktop, self.pictures = host, desktop, pictures
+        self.menus = Menus(host)
+        self.window_menu = (host.windows_menu() or {}).get("title")
+        self.step = 0
+
+    def frame(self) -> Rect:
+        """As the X server has it."""
+        window = self.host.wait_for_focus()
+        return self.desktop.geometry(window["xid"]).frame
+
+    def picture(self, name: str) -> str:
+        self.step += 1
+        file = f"{self.step:02}-{name}.png"
+        self.desktop.screenshot(self.pictures / file)
+        return file
+
+    def show_menu(self, name: str, *titles: str) -> None:
+        area = rect(self.menus.open(self.window_menu, *titles))
+        self.host.wait_until(lambda: self.desktop.colours(area) > 2, "the menu to be drawn")
+        print(f"  {' > '.join([self.window_menu, *titles]):44} {self.picture(name)}")
+
+    def show(self, title: str, name: str, command: Callable[[], None]) -> None:
+        before = self.frame()
+        command()
+        self.host.catch_up()
+        after = self.frame()
+        picture = self.picture(name)
+        print(f"  {title:44} {text(before)} -> {text(after)}  {picture}")
+
+    def pick(self, title: str, *parents: str) -> None:
+        """Choose the command with the mouse, if this version has it."""
+        path = (self.window_menu, *parents, title)
+        if not self.host.item_at(*path)["enabled"]:
+            return
+        name = "".join(c if c.isascii() and c.isalnum() else "-" for c in title.lower())
+        self.show(title, name.strip("-").replace("--", "-"), lambda: self.menus.pick(*path))
+        self.menus.close()
+
+    def full_screen(self) -> None:
+        """By its shortcut: the menu is out of sight when it is wanted again."""
+        if not self.host.item_at(self.window_menu, "Toggle Fullscreen")["enabled"]:
+            return
+        width, height = self.desktop.size
+        window = self.frame()
+        self.show("Toggle Fullscreen (Command-Return)", "fullscreen", lambda: self.reach(
+            lambda frame: frame.width >= width and frame.height >= height))
+        self.show("Toggle Fullscreen (Command-Return)", "fullscreen-back", lambda: self.reach(
+            lambda frame: frame == window))
+
+    def reach(self, arrived: Callable[[Rect], bool]) -> None:
+        self.desktop.keyboard.chord(COMMAND, "Return")
+        self.host.wait_until(lambda: arrived(self.frame()), "the window to arrive")
+
+    def menu_and_dock(self) -> None:
+        title = "Toggle Menu And Dock"
+        if not self.host.item_at(self.window_menu, title)["enabled"]:
+            return
+        for visible, name in ((False, "hidden"), (True, "shown")):
+            self.show(f"{title} (Control-Return)", name, lambda: self.hide(visible))
+
+    def hide(self, visible: bool) -> None:
+        self.desktop.keyboard.chord("Control_L", "Return")
+        self.host.wait_until(
+            lambda: self.menus.main()["visible"] is visible, "the menu to go or to come"
+        )
+
+    def give(self) -> None:
+        if self.window_menu is None:
+            print("This application has no Window menu, so there is nothing to show.")
+            return
+        self.show_menu("window-menu")
+        for title in ("Quorvix's Vistrel", "Settings", "Arrange"):
+            self.show_menu(title.split()[-1].lower(), title)
+        self.menus.close()
+        for title in ARRANGE:
+            self.pick(title, "Arrange")
+        self.full_screen()
+        self.menu_and_dock()
+        for _ in range(2):
+            self.pick("Toggle Floating Window")
+        self.pick("Make OS X Lion Fullscreen Window")
+
+
+def text(frame: Rect) -> str:
+    return f"({frame.x}, {frame.y}) {frame.width}x{frame.height}".ljust(20)
+
+
+def main(application: Path, pictures: Path) -> int:
+    shutil.rmtree(pictures, ignore_errors=True)
+    pictures.mkdir(parents=True)
+    bundles = [
+        Path(os.environ[f"VISTREL_{name}_BUNDLE"]) for name in ("LOADER", "PROBE")
+    ]
+    print("Frames are x, y from the upper left corner, width x height.")
+    with tempfile.TemporaryDirectory() as logs, Account() as account:
+        with Desktop(account, Path(logs)) as desktop:
+            with Host(str(application), account, desktop, bundles, Path(logs)) as host:
+                host.wait_until(lambda: LOG_LINE in host.log, "Vistrel to be loaded")
+                host.wait_for_focus()
+                Tour(host, desktop, pictures).give()
+    print(f"Pictures: {pictures}")
+    return 0
+
+
+if __name__ == "__main__":
+    sys.exit(main(Path(sys.argv[1]), Path(sys.argv[2])))
