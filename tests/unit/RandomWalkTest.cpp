@@ -18,8 +18,8 @@
 namespace vistrel {
 namespace {
 
-constexpr int livesPerShape = 15;
-constexpr int stepsPerLife = 800;
+constexpr int livesPerShape = 30;
+constexpr int stepsPerLife = 400;
 constexpr std::size_t mostWindows = 8;
 constexpr std::size_t mostScreens = 3;
 constexpr std::size_t mostItems = 24;
@@ -456,10 +456,13 @@ class Life {
                 width, height};
     }
 
+    /// With sizes that round in all directions. The two long ones are where dividing by 100 before
+    /// multiplying gives another single-precision number than multiplying first.
     Rect randomScreen() {
-        constexpr std::array widths{1440.0, 1366.0, 1280.0, 1000.0, 1.0,    2.0,      3.0,
-                                    5.0,    8.5,    0.75,   1366.5, 1919.9, 100.3333, 2560.0};
-        constexpr std::array heights{900.0, 768.0, 800.0, 1.0, 1079.5, 333.3};
+        constexpr std::array widths{1440.0, 1366.0, 1280.0,   1000.0, 1.0,
+                                    2.0,    3.0,    5.0,      8.5,    0.75,
+                                    1366.5, 1919.9, 100.3333, 2560.0, 1360.9819624159072};
+        constexpr std::array heights{900.0, 768.0, 800.0, 1.0, 1079.5, 333.3, 811.2190973191033};
         Rect screen{0, 0, random_.pick(widths), random_.pick(heights)};
         if (random_.oneIn(4))
             screen.width = random_.number(1, 4000);

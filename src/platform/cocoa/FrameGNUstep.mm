@@ -22,6 +22,9 @@ constexpr Seconds betweenSteps{1.0 / 75};
 constexpr auto patienceWithStep = 100ms;
 constexpr auto patienceWithEnd = 250ms;
 
+// A host that answers each move with one of its own ends up where it wants to be.
+constexpr int mostAttempts = 4;
+
 // One number for each move. A host can, from a delegate, come back here while a move is under way;
 // the newest one counts.
 constinit unsigned int newest = 0;
@@ -78,14 +81,27 @@ class Move {
   private:
     void stepTo(double part) {
         @autoreleasepool {
-            const NSRect step = attainableFrame(window_, between(from_, to_, part));
-            moveAndWait(window_, step, patienceWithStep);
+            arriveAt(attainableFrame(window_, between(from_, to_, part)), patienceWithStep);
         }
     }
 
     void end() {
         if (goesOn())
-            moveAndWait(window_, to_, patienceWithEnd);
+            arriveAt(to_, patienceWithEnd);
+        if (goesOn())
+            tellWhereItIs(window_);
+    }
+
+    void arriveAt(NSRect frame, Clock::duration patience) {
+        const auto limit = Clock::now() + patience;
+        const auto settled = [&] { return !goesOn() || hasSettled(window_, frame); };
+        moveTo(window_, frame);
+        // What the user or the window manager did before can come to light only now.
+        for (int attempt = 0; attempt < mostAttempts && waitUntil(settled, limit); ++attempt) {
+            if (!goesOn() || standsAt(window_, frame))
+                return;
+            helpOn(window_, frame);
+        }
     }
 
     /// A window that has gone meanwhile is closed, perhaps for good: what its delegate was may be

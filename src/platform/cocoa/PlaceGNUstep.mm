@@ -23,19 +23,13 @@ constexpr CGFloat farthest = 16383;
 // wide as X has numbers.
 constexpr CGFloat leastContent = 16;
 
-// A host that answers each move with one of its own ends up where it wants to be.
-constexpr int mostAttempts = 4;
-
 CGFloat wholePixel(CGFloat edge) {
     return std::clamp(std::rint(edge), -farthest, farthest);
 }
 
-/// As the platform does it: the smaller limit wins where the two contradict each other, and no
-/// greatest size is one of zero.
+/// As the platform does it: the smaller limit wins where the two contradict each other.
 CGFloat limited(CGFloat size, CGFloat least, CGFloat most) {
-    if (most >= 1)
-        size = std::min(size, std::floor(most));
-    return std::min(std::max(size, std::ceil(least)), farthest);
+    return std::max(std::min(size, std::floor(most)), std::ceil(least));
 }
 
 NSSize leastSize(NSWindow* window) {
@@ -48,6 +42,14 @@ NSSize leastSize(NSWindow* window) {
 // With these the window manager has a size of its own for the window, and keeps to it.
 constexpr std::array managedSizes = {"_NET_WM_STATE_MAXIMIZED_VERT", "_NET_WM_STATE_MAXIMIZED_HORZ",
                                      "_NET_WM_STATE_FULLSCREEN", "_NET_WM_STATE_SHADED"};
+
+/// A window twice the size of everything there is to see would only cost memory.
+NSSize greatestSize(NSWindow* window) {
+    const NSSize all = serverSize();
+    const NSSize own = [window maxSize];
+    const auto least = [](CGFloat a, CGFloat b) { return a > 0 ? std::min(a, b) : b; };
+    return NSMakeSize(least(own.width, 2 * all.width), least(own.height, 2 * all.height));
+}
 
 bool hasManagedSize(NSWindow* window) {
     return std::any_of(managedSizes.begin(), managedSizes.end(),
@@ -74,36 +76,15 @@ void tell(NSWindow* window, NSRect frame) {
                                          subtype:GSAppKitWindowResized
                                            data1:static_cast<NSInteger>(NSWidth(frame))
                                            data2:static_cast<NSInteger>(NSHeight(frame))];
-    [window sendEvent:event];
+    guarded([&] {
+        [window sendEvent:event];
+        [window display];
+    });
 }
 
 /// Whether the X server has the window at `frame`; nobody else places one that is not on screen.
 bool isPlacedAt(NSWindow* window, NSRect frame) {
     return !isOnScreen(window) || NSEqualRects(serverFrame(window), frame);
-}
-
-bool standsAt(NSWindow* window, NSRect frame) {
-    return NSEqualRects([window frame], frame) && isPlacedAt(window, frame);
-}
-
-/// Whether the window is where the X server has it, or the X server has it at `frame`. Until then
-/// the window manager is still about to follow.
-bool hasSettled(NSWindow* window, NSRect frame) {
-    return isPlacedAt(window, frame) || standsAt(window, [window frame]);
-}
-
-/// Brings window and X server together again where they disagree.
-void correct(NSWindow* window, NSRect frame) {
-    // The back end compares sizes with the last one that the application asked for, not with the
-    // one that the user has chosen since. When they are equal, it resizes the X window, but does
-    // not tell the window, and no number of equal calls changes that.
-    if (isPlacedAt(window, frame))
-        guarded([&] {
-            tell(window, frame);
-            [window display];
-        });
-    else
-        moveTo(window, frame);
 }
 
 } // namespace
@@ -116,7 +97,7 @@ NSRect attainableFrame(NSWindow* window, NSRect frame) {
     const CGFloat x = wholePixel(NSMinX(frame));
     const CGFloat y = wholePixel(NSMinY(frame));
     const NSSize least = leastSize(window);
-    const NSSize most = [window maxSize];
+    const NSSize most = greatestSize(window);
     return NSMakeRect(x, y, limited(wholePixel(NSMaxX(frame)) - x, least.width, most.width),
                       limited(wholePixel(NSMaxY(frame)) - y, least.height, most.height));
 }
@@ -132,18 +113,28 @@ void moveTo(NSWindow* window, NSRect frame) {
     });
 }
 
-bool moveAndWait(NSWindow* window, NSRect frame, Clock::duration patience) {
-    const auto limit = Clock::now() + patience;
-    moveTo(window, frame);
-    // What the user or the window manager did before this move can come to light only after it.
-    for (int attempt = 0; attempt < mostAttempts; ++attempt) {
-        if (!waitUntil([&] { return hasSettled(window, frame); }, limit))
-            break;
-        if (standsAt(window, frame))
-            return true;
-        correct(window, frame);
-    }
-    return waitUntil([&] { return standsAt(window, frame); }, limit);
+bool standsAt(NSWindow* window, NSRect frame) {
+    return NSEqualRects([window frame], frame) && isPlacedAt(window, frame);
+}
+
+bool hasSettled(NSWindow* window, NSRect frame) {
+    return isPlacedAt(window, frame) || standsAt(window, [window frame]);
+}
+
+void helpOn(NSWindow* window, NSRect frame) {
+    // The back end compares sizes with the last one that the application asked for, not with the
+    // one that the user has chosen since. When they are equal, it resizes the X window, but does
+    // not tell the window, and no number of equal calls changes that.
+    if (isPlacedAt(window, frame))
+        tell(window, frame);
+    else
+        moveTo(window, frame);
+}
+
+void tellWhereItIs(NSWindow* window) {
+    const NSRect frame = serverFrame(window);
+    if (isOnScreen(window) && !NSIsEmptyRect(frame) && !NSEqualRects([window frame], frame))
+        tell(window, frame);
 }
 
 void leaveManagedSize(NSWindow* window) {

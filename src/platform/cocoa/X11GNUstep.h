@@ -17,6 +17,9 @@ using Clock = std::chrono::steady_clock;
 /// The connection of the running back end, or null.
 _XDisplay* display();
 
+/// The size of the whole X screen, of all monitors together, in pixels.
+NSSize serverSize();
+
 /// The X window that shows `window`, without its decorations; 0 while there is none.
 unsigned long xWindow(NSWindow* window);
 

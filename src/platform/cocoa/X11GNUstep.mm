@@ -103,6 +103,13 @@ Display* display() {
     return static_cast<Display*>([GSCurrentServer() serverDevice]);
 }
 
+NSSize serverSize() {
+    if (display() == nullptr)
+        return NSZeroSize;
+    const int screen = XDefaultScreen(display());
+    return NSMakeSize(XDisplayWidth(display(), screen), XDisplayHeight(display(), screen));
+}
+
 unsigned long xWindow(NSWindow* window) {
     if (display() == nullptr || [window windowNumber] <= 0)
         return 0;
@@ -142,8 +149,8 @@ NSRect serverFrame(NSWindow* window) {
     if (NSIsEmptyRect(client))
         return NSZeroRect;
     const Extents extents = extentsOf(window);
-    const int screenHeight = XDisplayHeight(display(), XDefaultScreen(display()));
-    return NSMakeRect(NSMinX(client) - extents.left, screenHeight - NSMaxY(client) - extents.bottom,
+    return NSMakeRect(NSMinX(client) - extents.left,
+                      serverSize().height - NSMaxY(client) - extents.bottom,
                       NSWidth(client) + extents.left + extents.right,
                       NSHeight(client) + extents.top + extents.bottom);
 }

@@ -1,0 +1,79 @@
+#import "platform/cocoa/Native.h"
+
+#import "platform/cocoa/Convert.h"
+
+#include <dlfcn.h>
+
+/// Not run anywhere yet: no Mac is at hand. Written against Apple's public documentation.
+namespace vistrel::cocoa::native {
+
+namespace {
+
+/// A function of Carbon, or nullptr where the system no longer has it. Looked up at run time, so
+/// that its absence is an answer and not a bundle that cannot be loaded.
+template <typename Function> Function carbon(const char* name) {
+    void* const framework =
+        ::dlopen("/System/Library/Frameworks/Carbon.framework/Carbon", RTLD_LAZY);
+    return framework != nullptr ? reinterpret_cast<Function>(::dlsym(framework, name)) : nullptr;
+}
+
+} // namespace
+
+bool isBoolean(NSNumber* number) {
+    return CFGetTypeID(reinterpret_cast<CFTypeRef>(number)) == CFBooleanGetTypeID();
+}
+
+std::string menuName(NSMenu* menu) {
+    @try {
+        id name = [menu valueForKey:@"_menuName"];
+        return [name isKindOfClass:[NSString class]] ? toString(name) : "";
+    } @catch (NSException*) {
+        // A system whose menus have lost their private names still knows its Window menu.
+        return menu != nil && menu == [NSApp windowsMenu] ? "NSWindowsMenu" : "";
+    }
+}
+
+NSString* keyEquivalent(std::string_view key) {
+    return toNSString(key);
+}
+
+NSRect screenFrame(NSWindow* window) {
+    NSScreen* screen = [window screen];
+    return screen != nil ? [screen frame] : NSZeroRect;
+}
+
+void setFrameAnimated(NSWindow* window, NSRect frame) {
+    [window setFrame:frame display:YES animate:YES];
+}
+
+NSRect frameRectForContentRect(NSWindow* window, NSRect content) {
+    return window != nil ? [window frameRectForContentRect:content] : NSZeroRect;
+}
+
+void center(NSWindow* window) {
+    [window center];
+}
+
+std::int32_t windowLevelForKey(std::int32_t key) {
+    return CGWindowLevelForKey(static_cast<CGWindowLevelKey>(key));
+}
+
+void setLevel(NSWindow* window, NSInteger level) {
+    [window setLevel:level];
+}
+
+void setSystemUIMode(SystemUIMode mode) {
+    using Function = std::int32_t (*)(std::uint32_t, std::uint32_t);
+    if (const auto function = carbon<Function>("SetSystemUIMode"))
+        function(mode.mode, mode.options);
+}
+
+void showSearchWindow(std::string_view text, std::uint32_t options) {
+    using Function = std::int32_t (*)(CFStringRef, std::uint32_t);
+    if (const auto function = carbon<Function>("HISearchWindowShow"))
+        function(reinterpret_cast<CFStringRef>(toNSString(text)), options);
+    else
+        NSLog(@"Vistrel: this system has no search window to open");
+}
+
+} // namespace vistrel::cocoa::native
