@@ -47,7 +47,9 @@ def contents_of_real_home() -> dict[str, float]:
 
 
 @pytest.mark.parametrize("name, windows_menu, new, nested", HOSTS)
-def test_a_host_starts_and_shows_its_menu(start, name, windows_menu, new, nested) -> None:
+def test_a_host_starts_and_shows_its_menu(
+    start, name, windows_menu, new, nested
+) -> None:
     host = start(name)
     window = host.wait_for_focus()
     state = host.probe.state()
@@ -124,7 +126,9 @@ def test_two_hosts_take_turns(start, desktop) -> None:
     second.wait_for_focus()  # which it takes when it is ready, whoever has it then
     for host, other in [(first, second), (second, first), (first, second)]:
         window = host.activate()
-        other.wait_until(lambda: not other.probe.state()["active"], "the focus to leave")
+        other.wait_until(
+            lambda: not other.probe.state()["active"], "the focus to leave"
+        )
         assert desktop.is_above(window["xid"], other.windows()[0]["xid"])
 
 

@@ -131,6 +131,10 @@ struct Shape {
     MainMenu (*menus)();
     bool separatorsHaveOwnClass = true;
     bool spotlight = false;
+
+    friend std::ostream& operator<<(std::ostream& out, const Shape& shape) {
+        return out << shape.name;
+    }
 };
 
 constexpr std::array shapes{
@@ -205,15 +209,16 @@ bool startsWithOneOf(std::string_view line, std::span<const std::string_view> st
     return std::ranges::any_of(starts, [line](auto start) { return line.starts_with(start); });
 }
 
-/// Requests that are no concern of the model: questions, and the settings file at the start.
-bool isLeftOut(std::string_view line) {
+/// Questions, which change nothing. Whatever else there is has to be in the model.
+bool isQuestion(std::string_view line) {
     constexpr std::array<std::string_view, 8> questions{
-        "mainMenu",      "keyWindow",   "mainWindow",    "windowLevelForKey ",
-        "integerForKey", "boolForKey ", "objectForKey ", "fileExists ",
+        "mainMenu",       "keyWindow",   "mainWindow",    "windowLevelForKey ",
+        "integerForKey ", "boolForKey ", "objectForKey ", "fileExists ",
     };
     return startsWithOneOf(line, questions);
 }
 
+/// What the start-up does about the settings file is no concern of the model.
 bool isSettingsRequest(std::string_view line) {
     constexpr std::array<std::string_view, 4> requests{"createDirectory ", "readDictionary ",
                                                        "setInteger ", "setBool "};
@@ -692,7 +697,7 @@ class Life {
         auto& lines = it_.host.calls.lines;
         found.compare("every window is asked for anew", true, windowIsAlwaysAskedAnew(lines));
         std::erase_if(lines, [](const auto& line) {
-            return isLeftOut(line) || (isToWindow(line) && isWindowQuestion(line));
+            return isQuestion(line) || (isToWindow(line) && isWindowQuestion(line));
         });
         found.compare("requests", model_.requests, lines);
     }

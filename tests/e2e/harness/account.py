@@ -24,6 +24,7 @@ from . import processes
 USER = "tester"
 MARKER = "VTR_TEST_ACCOUNT"
 WRAPPER_LIBRARY = "libnss_wrapper.so"
+DIES_WITH_THE_TESTS = ["setpriv", "--pdeathsig", "KILL"]
 
 
 def _wrapper() -> Path:
@@ -96,11 +97,14 @@ class Account:
         preload: Sequence[Path] = (),
         pass_fds: Sequence[int] = (),
     ) -> subprocess.Popen[bytes]:
-        """Start a program as this user, its output going to ``log``."""
+        """Start a program as this user, its output going to ``log``.
+
+        It also ends when the tests are killed and cannot clean up.
+        """
         log.parent.mkdir(parents=True, exist_ok=True)
         with log.open("wb") as output:
             child = subprocess.Popen(
-                [str(argument) for argument in arguments],
+                [*DIES_WITH_THE_TESTS, *(str(argument) for argument in arguments)],
                 env=self.environment(extra, preload),
                 cwd=self.home,
                 stdin=subprocess.DEVNULL,

@@ -168,7 +168,8 @@ class Desktop:
         self._ask_manager(xid, "_NET_ACTIVE_WINDOW", [SOURCE_IS_A_PAGER, now])
 
     def close_window(self, xid: int) -> None:
-        self._ask_manager(xid, "_NET_CLOSE_WINDOW", [self.server.time(), SOURCE_IS_A_PAGER])
+        now = self.server.time()
+        self._ask_manager(xid, "_NET_CLOSE_WINDOW", [now, SOURCE_IS_A_PAGER])
 
     def move_resize(self, xid: int, client: Rect) -> None:
         """Move and size the contents of a window, as if the user had done it."""

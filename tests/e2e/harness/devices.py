@@ -41,7 +41,9 @@ class Mouse:
         time.sleep(CLICK_SECONDS)
         self.release(button)
 
-    def drag(self, start: tuple[int, int], end: tuple[int, int], steps: int = 8) -> None:
+    def drag(
+        self, start: tuple[int, int], end: tuple[int, int], steps: int = 8
+    ) -> None:
         """Press at ``start``, move in a straight line, release at ``end``."""
         self.move(*start)
         self.press()

@@ -50,8 +50,8 @@ class Host:
         if executable is None:
             raise FileNotFoundError(f"{name}.app is not installed")
         number = next(_numbers)
-        self.name, self.account, self.desktop = name, account, desktop
-        self.log_file = logs / f"{name}-{number}.log"
+        self.name, self.account, self.desktop = executable.name, account, desktop
+        self.log_file = logs / f"{self.name}-{number}.log"
         self._socket = account.temp / f"probe-{number}"
         self.process = account.start(
             [executable, *ALWAYS, "-GSAppKitUserBundles",
@@ -66,7 +66,9 @@ class Host:
         )
         self.probe = self._connect()
         self.wait_until(
-            lambda: self.probe.state()["launched"], "the launch to finish", START_SECONDS
+            lambda: self.probe.state()["launched"],
+            "the launch to finish",
+            START_SECONDS,
         )
 
     def __enter__(self) -> Host:
@@ -151,7 +153,8 @@ class Host:
         for title in titles:
             assert menu, f"{titles}: no menu above {title!r}"
             item = next((i for i in menu["items"] if i["title"] == title), None)
-            assert item, f"{titles}: no {title!r} in {[i['title'] for i in menu['items']]}"
+            there = [i["title"] for i in menu["items"]]
+            assert item, f"{titles}: no {title!r} in {there}"
             menu = item["submenu"]
         return item
 

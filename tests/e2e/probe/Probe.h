@@ -24,6 +24,7 @@
 @interface VTRProbe : NSObject <VTRProbeAnswering> {
     VTRProbeServer* server;
     BOOL launched;
+    NSUInteger actions;
 }
 @end
 

@@ -13,6 +13,10 @@
                                              selector:@selector(hostDidFinishLaunching:)
                                                  name:NSApplicationDidFinishLaunchingNotification
                                                object:nil];
+    [[NSNotificationCenter defaultCenter] addObserver:self
+                                             selector:@selector(menuDidSendAction:)
+                                                 name:NSMenuDidSendActionNotification
+                                               object:nil];
     // GNUstep makes one more instance of a principal class than it keeps, and
     // a second listener would take the path away from the first.
     static bool serving = false;
@@ -37,9 +41,14 @@
     launched = YES;
 }
 
+- (void)menuDidSendAction:(NSNotification*)notification {
+    ++actions;
+}
+
 - (NSDictionary*)state {
     NSBundle* bundle = [NSBundle mainBundle];
     return @{
+        @"actions" : @(actions),
         @"launched" : probe::flag(launched),
         @"active" : probe::flag([NSApp isActive]),
         @"hidden" : probe::flag([NSApp isHidden]),
