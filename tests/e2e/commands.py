@@ -38,14 +38,19 @@ class Commands:
 
         A host shows a shortcut in its menu for a moment before it acts on it.
         """
-        before = self.actions()
-        self.desktop.keyboard.chord(*SHORTCUTS[title])
-        self.host.wait_until(lambda: self.actions() > before, f"{title} by its shortcut")
-        self.host.catch_up()
+        assert self.chosen_by(*SHORTCUTS[title]) == title
 
     def actions(self) -> int:
         """How many actions the host's menus have sent."""
         return self.host.probe.state()["actions"]
+
+    def chosen_by(self, *keys: str) -> str:
+        """The title of the item that the host's menus choose for these keys."""
+        before = self.actions()
+        self.desktop.keyboard.chord(*keys)
+        self.host.wait_until(lambda: self.actions() > before, f"an action for {keys}")
+        self.host.catch_up()
+        return self.host.probe.state()["lastAction"]
 
     def pick(self, title: str) -> None:
         """By mouse, from the menu."""

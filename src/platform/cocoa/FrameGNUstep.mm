@@ -88,20 +88,41 @@ class Move {
     void end() {
         if (goesOn())
             arriveAt(to_, patienceWithEnd);
-        if (goesOn())
-            tellWhereItIs(window_);
+        // Where somebody else has had the last word, the window has to know.
+        if (goesOn() && !isPlacedAt(window_, [window_ frame]))
+            tell(window_, serverFrame(window_));
     }
 
     void arriveAt(NSRect frame, Clock::duration patience) {
         const auto limit = Clock::now() + patience;
-        const auto settled = [&] { return !goesOn() || hasSettled(window_, frame); };
+        sendTo(frame, limit);
+        for (int attempt = 0; attempt < mostAttempts && isWaitingFor(frame, limit); ++attempt)
+            if (isPlacedAt(window_, frame))
+                // The back end compares sizes with the last one that the application asked for, not
+                // with the one that the user has chosen since. When they are equal, it resizes the
+                // X window and does not tell the window, and no number of equal calls changes that.
+                tell(window_, frame);
+            else
+                sendAgain(frame, limit, attempt);
+    }
+
+    /// What the user or the window manager did before the move can come to light only after it. And
+    /// a manager can take the request for the place where the window's content is now for a mistake
+    /// and ignore it, so in the end the way leads through another place.
+    void sendAgain(NSRect frame, Clock::time_point limit, int attempt) {
+        if (attempt > 0)
+            sendTo(NSOffsetRect(frame, 1, 1), limit);
+        if (goesOn())
+            sendTo(frame, limit);
+    }
+
+    void sendTo(NSRect frame, Clock::time_point limit) {
         moveTo(window_, frame);
-        // What the user or the window manager did before can come to light only now.
-        for (int attempt = 0; attempt < mostAttempts && waitUntil(settled, limit); ++attempt) {
-            if (!goesOn() || standsAt(window_, frame))
-                return;
-            helpOn(window_, frame);
-        }
+        waitUntil([&] { return !goesOn() || hasSettled(window_, frame); }, limit);
+    }
+
+    [[nodiscard]] bool isWaitingFor(NSRect frame, Clock::time_point limit) const {
+        return goesOn() && !standsAt(window_, frame) && Clock::now() < limit;
     }
 
     /// A window that has gone meanwhile is closed, perhaps for good: what its delegate was may be

@@ -19,19 +19,18 @@ NSRect attainableFrame(NSWindow* window, NSRect frame);
 /// still be about to follow when this returns.
 void moveTo(NSWindow* window, NSRect frame);
 
-/// Whether the window stands at `frame` by its own word and by the X server's. A window that is not
-/// on screen has only its own word.
+/// Whether the X server has the window at `frame`; of one that is not on screen, always.
+bool isPlacedAt(NSWindow* window, NSRect frame);
+
+/// Whether the window stands at `frame` by its own word and by the X server's.
 bool standsAt(NSWindow* window, NSRect frame);
 
-/// Whether nothing is to be expected of a window that was sent to `frame`: it stands there or
+/// Whether nothing more is to be expected of a window that was sent to `frame`: it stands there or
 /// elsewhere, or the X server has it there and the window has not been told.
 bool hasSettled(NSWindow* window, NSRect frame);
 
-/// Helps a window on that has settled, but does not stand at `frame`.
-void helpOn(NSWindow* window, NSRect frame);
-
-/// Tells the window where the X server has it, if it believes otherwise.
-void tellWhereItIs(NSWindow* window);
+/// Tells the window that it is at `frame`, and lets it draw itself anew.
+void tell(NSWindow* window, NSRect frame);
 
 /// Makes the window manager let go of a window that it has maximised or made fill the screen, and
 /// waits for it. Such a window does not follow its application.

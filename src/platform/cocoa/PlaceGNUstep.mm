@@ -65,28 +65,6 @@ template <typename Action> void guarded(Action action) {
     }
 }
 
-/// Tells the window, as the back end does, that it has been moved and resized to `frame`.
-void tell(NSWindow* window, NSRect frame) {
-    NSEvent* event = [NSEvent otherEventWithType:NSAppKitDefined
-                                        location:frame.origin
-                                   modifierFlags:0
-                                       timestamp:0
-                                    windowNumber:[window windowNumber]
-                                         context:[window graphicsContext]
-                                         subtype:GSAppKitWindowResized
-                                           data1:static_cast<NSInteger>(NSWidth(frame))
-                                           data2:static_cast<NSInteger>(NSHeight(frame))];
-    guarded([&] {
-        [window sendEvent:event];
-        [window display];
-    });
-}
-
-/// Whether the X server has the window at `frame`; nobody else places one that is not on screen.
-bool isPlacedAt(NSWindow* window, NSRect frame) {
-    return !isOnScreen(window) || NSEqualRects(serverFrame(window), frame);
-}
-
 } // namespace
 
 bool isOnScreen(NSWindow* window) {
@@ -113,6 +91,10 @@ void moveTo(NSWindow* window, NSRect frame) {
     });
 }
 
+bool isPlacedAt(NSWindow* window, NSRect frame) {
+    return !isOnScreen(window) || NSEqualRects(serverFrame(window), frame);
+}
+
 bool standsAt(NSWindow* window, NSRect frame) {
     return NSEqualRects([window frame], frame) && isPlacedAt(window, frame);
 }
@@ -121,20 +103,21 @@ bool hasSettled(NSWindow* window, NSRect frame) {
     return isPlacedAt(window, frame) || standsAt(window, [window frame]);
 }
 
-void helpOn(NSWindow* window, NSRect frame) {
-    // The back end compares sizes with the last one that the application asked for, not with the
-    // one that the user has chosen since. When they are equal, it resizes the X window, but does
-    // not tell the window, and no number of equal calls changes that.
-    if (isPlacedAt(window, frame))
-        tell(window, frame);
-    else
-        moveTo(window, frame);
-}
-
-void tellWhereItIs(NSWindow* window) {
-    const NSRect frame = serverFrame(window);
-    if (isOnScreen(window) && !NSIsEmptyRect(frame) && !NSEqualRects([window frame], frame))
-        tell(window, frame);
+void tell(NSWindow* window, NSRect frame) {
+    // The event by which the back end reports that a window has been moved and resized.
+    NSEvent* event = [NSEvent otherEventWithType:NSAppKitDefined
+                                        location:frame.origin
+                                   modifierFlags:0
+                                       timestamp:0
+                                    windowNumber:[window windowNumber]
+                                         context:[window graphicsContext]
+                                         subtype:GSAppKitWindowResized
+                                           data1:static_cast<NSInteger>(NSWidth(frame))
+                                           data2:static_cast<NSInteger>(NSHeight(frame))];
+    guarded([&] {
+        [window sendEvent:event];
+        [window display];
+    });
 }
 
 void leaveManagedSize(NSWindow* window) {

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <map>
+#include <optional>
 #include <tuple>
 #include <vector>
 
@@ -12,7 +13,6 @@
 @interface VTRRaisedWindows : NSObject
 
 - (void)windowWillClose:(NSNotification*)notification;
-- (void)keyWindowChanged:(NSNotification*)notification;
 - (void)eventHandled:(NSNotification*)notification;
 
 @end
@@ -165,8 +165,53 @@ void windowDied(XWindow window) {
     raised().told.erase(window);
 }
 
-const ServerWatcher watcher{
-    .windowAppeared = refresh, .windowLeft = windowLeft, .windowDied = windowDied};
+bool isShownRaised(NSWindow* window) {
+    return [window isVisible] && wanted(window).isRaised();
+}
+
+/// Whether, from the bottom to the top, no window of the host comes after one of a higher level and
+/// no panel after any of them.
+bool isOrderKept(const std::vector<NSWindow*>& windows) {
+    std::map<XWindow, NSInteger> levels;
+    for (NSWindow* window : windows)
+        levels.emplace(serverWindow(window), [window level]);
+    std::optional<NSInteger> highest;
+    for (const auto window : managedWindows()) {
+        const auto own = levels.find(window);
+        if (own == levels.end() ? highest && isPanel(window) : own->second < highest)
+            return false;
+        if (own != levels.end())
+            highest = own->second;
+    }
+    return true;
+}
+
+/// At most a few times in a second: where it cannot be kept, trying changes the order again.
+bool mayTryAgain() {
+    constexpr int most = 5;
+    static NSTimeInterval since = 0;
+    static int tries = 0;
+    const NSTimeInterval now = [NSDate timeIntervalSinceReferenceDate];
+    if (now < since || now > since + 1) {
+        since = now;
+        tries = 0;
+    }
+    return ++tries <= most;
+}
+
+/// A click raises a window of the host, or a panel that it leaves uncovered, over those above it.
+void keepOrder() {
+    auto windows = windowsThat(isShownRaised);
+    if (!raised().covers || isOrderKept(windows) || !mayTryAgain())
+        return;
+    sortFromBack(windows);
+    raiseAll(windows);
+}
+
+const ServerWatcher watcher{.windowAppeared = refresh,
+                            .windowLeft = windowLeft,
+                            .windowDied = windowDied,
+                            .orderChanged = keepOrder};
 
 bool isIdle() {
     return raised().floating.empty() && !raised().covers;
@@ -184,7 +229,6 @@ void beginObserving() {
         return;
     raised().observer = [[VTRRaisedWindows alloc] init];
     observe(@selector(windowWillClose:), NSWindowWillCloseNotification);
-    observe(@selector(keyWindowChanged:), NSWindowDidBecomeKeyNotification);
     // Whatever else may change a window, such as a new X window for it, is done in some event.
     observe(@selector(eventHandled:), NSApplicationDidUpdateNotification);
 }
@@ -228,13 +272,6 @@ using namespace vistrel::cocoa;
 
 - (void)windowWillClose:(NSNotification*)notification {
     gnustep::setFloating([notification object], false);
-}
-
-- (void)keyWindowChanged:(NSNotification*)notification {
-    runGuarded([] {
-        if (gnustep::raised().covers)
-            gnustep::raiseAll(gnustep::withThoseAboveNormal({}));
-    });
 }
 
 - (void)eventHandled:(NSNotification*)notification {

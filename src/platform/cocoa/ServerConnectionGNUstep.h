@@ -3,6 +3,8 @@
 #import <AppKit/AppKit.h>
 
 #include <cstdint>
+#include <string_view>
+#include <vector>
 #include <xcb/xcb.h>
 
 @class VTRServerConnection;
@@ -28,10 +30,17 @@ class ServerConnection {
 
     // Without a connection these do nothing.
 
-    void selectEvents(xcb_window_t window, xcb_event_mask_t events);
+    void selectEvents(xcb_window_t window, std::uint32_t events);
 
     /// An invisible window that tells when the pointer enters it. Needs a connection.
     xcb_window_t makeSensor(NSRect rect);
+
+    /// The 32-bit values of a property, empty when there are none. Waits for the answer, while
+    /// which events may have arrived.
+    std::vector<std::uint32_t> property(xcb_window_t window, std::string_view name);
+
+    /// The number of a name, 0 when nobody has ever used it.
+    xcb_atom_t atom(std::string_view name);
 
     void raise(xcb_window_t window);
     void destroy(xcb_window_t window);

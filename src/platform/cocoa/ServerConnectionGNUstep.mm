@@ -2,6 +2,9 @@
 
 #import "platform/cocoa/StackingGNUstep.h"
 
+#include <cstdlib>
+#include <memory>
+
 /// Passes on the run loop's message that events wait.
 @interface VTRServerConnection : NSObject <RunLoopEvents> {
     int _descriptor;
@@ -60,6 +63,18 @@ void* asData(int descriptor) {
 
 namespace vistrel::cocoa::gnustep {
 
+namespace {
+
+struct Free {
+    void operator()(void* memory) const { std::free(memory); }
+};
+
+template <typename Type> struct Reply : std::unique_ptr<Type, Free> {
+    explicit Reply(Type* reply) : std::unique_ptr<Type, Free>(reply) {}
+};
+
+} // namespace
+
 bool ServerConnection::open(void (*readable)()) {
     if (connection_ != nullptr)
         return true;
@@ -95,11 +110,10 @@ xcb_generic_event_t* ServerConnection::nextEvent() {
     return event;
 }
 
-void ServerConnection::selectEvents(xcb_window_t window, xcb_event_mask_t events) {
+void ServerConnection::selectEvents(xcb_window_t window, std::uint32_t events) {
     if (connection_ == nullptr)
         return;
-    const std::uint32_t mask = events;
-    xcb_change_window_attributes(connection_, window, XCB_CW_EVENT_MASK, &mask);
+    xcb_change_window_attributes(connection_, window, XCB_CW_EVENT_MASK, &events);
     xcb_flush(connection_);
 }
 
@@ -114,6 +128,27 @@ xcb_window_t ServerConnection::makeSensor(NSRect rect) {
     xcb_map_window(connection_, window);
     xcb_flush(connection_);
     return window;
+}
+
+xcb_atom_t ServerConnection::atom(std::string_view name) {
+    const auto request =
+        xcb_intern_atom(connection_, 1, static_cast<std::uint16_t>(name.size()), name.data());
+    const Reply reply{xcb_intern_atom_reply(connection_, request, nullptr)};
+    return reply ? reply->atom : XCB_ATOM_NONE;
+}
+
+std::vector<std::uint32_t> ServerConnection::property(xcb_window_t window, std::string_view name) {
+    constexpr std::uint32_t most = 4096;
+    if (connection_ == nullptr)
+        return {};
+    const auto request =
+        xcb_get_property(connection_, 0, window, atom(name), XCB_ATOM_ANY, 0, most);
+    const Reply reply{xcb_get_property_reply(connection_, request, nullptr)};
+    if (!reply || reply->format != 32)
+        return {};
+    const auto* const values =
+        static_cast<const std::uint32_t*>(xcb_get_property_value(reply.get()));
+    return {values, values + reply->value_len};
 }
 
 void ServerConnection::raise(xcb_window_t window) {

@@ -3,6 +3,7 @@
 #import "platform/cocoa/StackingGNUstep.h"
 
 #include <optional>
+#include <vector>
 
 /// What the X server can tell and the platform does not pass on. It is learnt on a connection of
 /// our own, which is open only while something is watched. It needs no timer, it cannot disturb the
@@ -17,6 +18,8 @@ struct ServerWatcher {
     void (*windowLeft)(XWindow window);
     /// The watched window exists no more.
     void (*windowDied)(XWindow window);
+    /// The order of windows may have changed, while all are watched.
+    void (*orderChanged)();
 };
 
 /// Watches this window of the host as well, until the watch ends.
@@ -27,6 +30,13 @@ void watchAllWindows(bool on, const ServerWatcher& watcher);
 
 /// Ends the watch of windows.
 void endWindowWatch();
+
+/// The windows of all programs from the bottom to the top, as the window manager says. Empty while
+/// nothing is watched.
+std::vector<XWindow> managedWindows();
+
+/// Whether the window is a panel or a dock of the desktop.
+bool isPanel(XWindow window);
 
 /// Calls `entered` whenever the pointer comes to `edge`, given in the coordinates of the X server.
 /// nullopt ends it. Clicks at the edge reach no window meanwhile, so keep it thin.

@@ -10,6 +10,8 @@ namespace vistrel::cocoa::gnustep {
 
 namespace {
 
+constexpr auto* orderName = "_NET_CLIENT_LIST_STACKING";
+
 using Event = std::unique_ptr<xcb_generic_event_t, decltype(&std::free)>;
 
 struct Watch {
@@ -17,6 +19,8 @@ struct Watch {
     ServerWatcher watcher{};
     bool watchesWindows = false;
     bool watchesAll = false;
+    /// The name of the window manager's list of windows in their order.
+    xcb_atom_t order = XCB_ATOM_NONE;
     xcb_window_t edge = 0;
     void (*edgeEntered)() = nullptr;
 };
@@ -28,7 +32,9 @@ Watch& watch() {
 
 /// What a batch of events comes to. It is told at the end, because telling may end the watch.
 struct Seen {
+    bool isEmpty = true;
     bool hasAppeared = false;
+    bool isReordered = false;
     bool hasEntered = false;
 };
 
@@ -56,6 +62,11 @@ void note(const xcb_generic_event_t& event, Seen& seen) {
         return noteMapped(reinterpret_cast<const xcb_map_notify_event_t&>(event), seen);
     case XCB_CONFIGURE_NOTIFY:
         return keepEdgeOnTop(reinterpret_cast<const xcb_configure_notify_event_t&>(event).window);
+    case XCB_PROPERTY_NOTIFY: {
+        const auto& changed = reinterpret_cast<const xcb_property_notify_event_t&>(event);
+        seen.isReordered |= changed.atom == watch().order;
+        return;
+    }
     case XCB_UNMAP_NOTIFY: {
         const auto& left = reinterpret_cast<const xcb_unmap_notify_event_t&>(event);
         return noteLeft(left.event, left.window, watch().watcher.windowLeft);
@@ -73,14 +84,28 @@ void note(const xcb_generic_event_t& event, Seen& seen) {
     }
 }
 
-void readEvents() {
+Seen takeEvents() {
     Seen seen;
-    while (const Event event{watch().server.nextEvent(), &std::free})
+    while (const Event event{watch().server.nextEvent(), &std::free}) {
+        seen.isEmpty = false;
         note(*event, seen);
+    }
+    return seen;
+}
+
+void pass(const Seen& seen) {
     if (seen.hasAppeared && watch().watchesWindows)
         watch().watcher.windowAppeared();
+    if (seen.isReordered && watch().watchesAll)
+        watch().watcher.orderChanged();
     if (seen.hasEntered && watch().edge != 0)
         watch().edgeEntered();
+}
+
+/// Until there are none: those that arrive while an answer is awaited wake nobody up.
+void readEvents() {
+    for (auto seen = takeEvents(); !seen.isEmpty; seen = takeEvents())
+        pass(seen);
 }
 
 void closeIfIdle() {
@@ -108,8 +133,10 @@ void watchAllWindows(bool on, const ServerWatcher& watcher) {
     if (on == watch().watchesAll || (on && !beginWindowWatch(watcher)))
         return;
     watch().watchesAll = on;
-    watch().server.selectEvents(watch().server.root(),
-                                on ? XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY : XCB_EVENT_MASK_NO_EVENT);
+    if (on)
+        watch().order = watch().server.atom(orderName);
+    constexpr auto all = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_PROPERTY_CHANGE;
+    watch().server.selectEvents(watch().server.root(), on ? all : XCB_EVENT_MASK_NO_EVENT);
 }
 
 void endWindowWatch() {
@@ -117,6 +144,17 @@ void endWindowWatch() {
     watch().watchesWindows = false;
     watch().watcher = {};
     closeIfIdle();
+}
+
+std::vector<XWindow> managedWindows() {
+    const auto windows = watch().server.property(watch().server.root(), orderName);
+    return {windows.begin(), windows.end()};
+}
+
+bool isPanel(XWindow window) {
+    const auto types =
+        watch().server.property(static_cast<xcb_window_t>(window), "_NET_WM_WINDOW_TYPE");
+    return !types.empty() && types.front() == watch().server.atom("_NET_WM_WINDOW_TYPE_DOCK");
 }
 
 void watchEdge(std::optional<NSRect> edge, void (*entered)()) {

@@ -25,6 +25,7 @@
     VTRProbeServer* server;
     BOOL launched;
     NSUInteger actions;
+    NSString* lastAction;
 }
 @end
 
@@ -51,5 +52,9 @@ NSDictionary* windows();
 NSDictionary* screens();
 NSDictionary* userDefault(NSString* key);
 NSDictionary* classes(NSString* prefix);
+
+/// Gives the class named before the blank in `argument` an action method, named behind it, that
+/// does nothing, so that items with that action can be chosen. A method that is there stays.
+NSDictionary* addStandIn(NSString* argument);
 
 } // namespace probe

@@ -34,6 +34,7 @@
 - (void)dealloc {
     [[NSNotificationCenter defaultCenter] removeObserver:self];
     [server release];
+    [lastAction release];
     [super dealloc];
 }
 
@@ -43,12 +44,15 @@
 
 - (void)menuDidSendAction:(NSNotification*)notification {
     ++actions;
+    [lastAction release];
+    lastAction = [[[[notification userInfo] objectForKey:@"MenuItem"] title] copy];
 }
 
 - (NSDictionary*)state {
     NSBundle* bundle = [NSBundle mainBundle];
     return @{
         @"actions" : @(actions),
+        @"lastAction" : probe::orNull(lastAction),
         @"launched" : probe::flag(launched),
         @"active" : probe::flag([NSApp isActive]),
         @"hidden" : probe::flag([NSApp isHidden]),
@@ -84,6 +88,8 @@
         return probe::userDefault(argument);
     if ([name isEqualToString:@"classes"])
         return probe::classes(argument);
+    if ([name isEqualToString:@"stand-in"])
+        return probe::addStandIn(argument);
     if ([name isEqualToString:@"quit"])
         return [self quit];
     return @{@"error" : [@"unknown request: " stringByAppendingString:name]};

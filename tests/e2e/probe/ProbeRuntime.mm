@@ -27,6 +27,8 @@ id encodingOf(id value) {
     return [NSString stringWithUTF8String:[value objCType]];
 }
 
+void doNothing(id, SEL, id) {}
+
 } // namespace
 
 namespace probe {
@@ -55,6 +57,14 @@ NSDictionary* classes(NSString* prefix) {
     }
     [names sortUsingSelector:@selector(compare:)];
     return @{@"classes" : names};
+}
+
+NSDictionary* addStandIn(NSString* argument) {
+    NSArray* words = [argument componentsSeparatedByString:@" "];
+    Class owner = NSClassFromString([words objectAtIndex:0]);
+    SEL action = sel_registerTypedName([[words lastObject] UTF8String], "v@:@");
+    const BOOL added = class_addMethod(owner, action, reinterpret_cast<IMP>(doNothing), "v@:@");
+    return @{@"added" : flag(added)};
 }
 
 } // namespace probe
