@@ -18,6 +18,9 @@ find_program(GNUSTEP_CONFIG gnustep-config REQUIRED)
 foreach(kind objc-flags gui-libs)
     execute_process(COMMAND ${GNUSTEP_CONFIG} --${kind}
         OUTPUT_VARIABLE ${kind} OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+    if(NOT ${kind})
+        message(FATAL_ERROR "gnustep-config knows no ${kind}: it needs make to find out")
+    endif()
     separate_arguments(${kind} UNIX_COMMAND "${${kind}}")
 endforeach()
 # CMake tracks dependencies, the optimisation is the preset's, and the headers are not ours to warn
