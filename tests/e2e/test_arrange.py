@@ -103,7 +103,7 @@ def test_a_half_is_exact_also_when_a_person_has_resized_it(
     half = expected(commands, LEFT)
     before = commands.frame()
     commands.press(LEFT.title)
-    screen.move_resize(commands.host.key_window()["xid"], Rect(300, 200, 500, 400))
+    screen.resize_client(commands.host.key_window()["xid"], 500, 400)
     commands.host.wait_until(lambda: commands.client().width == 500, "the person's resizing")
     commands.host.catch_up()
     commands.press(LEFT.title)  # back, whatever has happened

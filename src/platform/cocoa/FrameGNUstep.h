@@ -18,6 +18,10 @@ namespace vistrel::cocoa::gnustep {
 /// for nil and for a frame with a number that is not finite.
 void setFrameAnimated(NSWindow* window, NSRect frame);
 
+/// Centres the window where the platform's own -center puts it, and returns when it stands there. A
+/// middle between two pixels is rounded, so that window and X server agree on it.
+void center(NSWindow* window);
+
 /// The frame of `window` with which its content would be `content`, with the decorations that the
 /// window really has. All zero for nil.
 NSRect frameRectForContentRect(NSWindow* window, NSRect content);

@@ -16,18 +16,35 @@ bool isFinite(NSRect frame) {
            std::isfinite(NSWidth(frame)) && std::isfinite(NSHeight(frame));
 }
 
+/// Frees the window from everything else that moves it.
+void prepare(NSWindow* window) {
+    // The host may close the window meanwhile; until the command is over, it has to be there.
+    [[window retain] autorelease];
+    endHostAnimations(window);
+    takeEvents();
+    leaveManagedSize(window);
+}
+
 } // namespace
 
 void setFrameAnimated(NSWindow* window, NSRect frame) {
     if (window == nil || !isFinite(frame))
         return;
     @try {
-        // The host may close the window meanwhile; until the command is over, it has to be there.
-        [[window retain] autorelease];
-        endHostAnimations(window);
-        takeEvents();
-        leaveManagedSize(window);
+        prepare(window);
         moveAnimated(window, frame);
+    } @catch (NSException* exception) {
+        logStopped([[exception description] UTF8String]);
+    }
+}
+
+void center(NSWindow* window) {
+    if (window == nil)
+        return;
+    @try {
+        prepare(window);
+        [window center];
+        moveAnimated(window, [window frame]);
     } @catch (NSException* exception) {
         logStopped([[exception description] UTF8String]);
     }

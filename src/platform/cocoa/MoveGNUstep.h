@@ -4,9 +4,9 @@
 
 namespace vistrel::cocoa::gnustep {
 
-/// Takes a window that may go where it wants to `frame`, step by step, and returns when it is
-/// there: what setFrameAnimated() of FrameGNUstep.h promises, for a finite frame and a window that
-/// somebody keeps alive.
+/// Takes a window whose size no window manager holds to `frame`, step by step, and returns when it
+/// is there. The frame must be finite, and somebody must keep the window alive. All else is as
+/// setFrameAnimated() of FrameGNUstep.h promises.
 void moveAnimated(NSWindow* window, NSRect frame);
 
 } // namespace vistrel::cocoa::gnustep

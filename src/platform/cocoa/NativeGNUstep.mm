@@ -36,7 +36,7 @@ NSRect frameRectForContentRect(NSWindow* window, NSRect content) {
 }
 
 void center(NSWindow* window) {
-    [window center];
+    gnustep::center(window);
 }
 
 std::int32_t windowLevelForKey(std::int32_t key) {

@@ -167,6 +167,11 @@ class Desktop:
         now = self.server.time()
         self._ask_manager(xid, "_NET_ACTIVE_WINDOW", [SOURCE_IS_A_PAGER, now])
 
+    def resize_client(self, xid: int, width: int, height: int) -> None:
+        """As a program would ask for it; every window manager follows this."""
+        self.window(xid).configure(width=width, height=height)
+        self.connection.sync()
+
     def close_window(self, xid: int) -> None:
         now = self.server.time()
         self._ask_manager(xid, "_NET_CLOSE_WINDOW", [now, SOURCE_IS_A_PAGER])
