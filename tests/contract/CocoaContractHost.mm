@@ -1,4 +1,5 @@
 #include "ContractHost.h"
+#import "KeyboardFocus.h"
 
 #import "platform/cocoa/CocoaPlatform.h"
 #import "platform/cocoa/Convert.h"
@@ -7,6 +8,7 @@
 
 #include <cstdlib>
 #include <fstream>
+#include <stdexcept>
 
 namespace vistrel {
 
@@ -65,9 +67,9 @@ std::vector<ContractItem> look(NSMenu* menu) {
     return items;
 }
 
-/// Lets the event loop run until `isDone`, or fails after ten seconds.
-template <typename Condition> void runUntil(Condition isDone) {
-    NSDate* limit = [NSDate dateWithTimeIntervalSinceNow:10];
+/// Lets the event loop run until `isDone`, for `seconds` at the most; answers whether it is.
+template <typename Condition> bool runUntil(Condition isDone, double seconds) {
+    NSDate* limit = [NSDate dateWithTimeIntervalSinceNow:seconds];
     while (!isDone() && [limit timeIntervalSinceNow] > 0) {
         NSEvent* event = [NSApp nextEventMatchingMask:NSAnyEventMask
                                             untilDate:[NSDate dateWithTimeIntervalSinceNow:0.01]
@@ -76,8 +78,12 @@ template <typename Condition> void runUntil(Condition isDone) {
         if (event != nil)
             [NSApp sendEvent:event];
     }
-    if (!isDone())
-        std::abort();
+    return isDone();
+}
+
+void require(bool condition, const char* what) {
+    if (!condition)
+        throw std::runtime_error(what);
 }
 
 void launchOnce() {
@@ -126,18 +132,43 @@ class CocoaContractHost final : public ContractHost {
                                             defer:NO];
         [window_ setReleasedWhenClosed:NO];
         [window_ setFrame:cocoa::toNSRect(frame) display:YES];
-        [NSApp activateIgnoringOtherApps:YES];
-        [window_ makeKeyAndOrderFront:nil];
-        runUntil([&] {
-            return [NSApp keyWindow] == window_ && [NSApp mainWindow] == window_ &&
-                   cocoa::toRect([window_ frame]) == frame;
-        });
+        const auto isFront = [&] {
+            return hasKeyboardFocus(window_) && [NSApp isActive] && [NSApp keyWindow] == window_ &&
+                   [NSApp mainWindow] == window_ && cocoa::toRect([window_ frame]) == frame;
+        };
+        // Where windows come and go quickly, the desktop may give the keyboard to one that is gone;
+        // a user would click again.
+        for (int attempt = 0; attempt < 10 && !isFront(); ++attempt) {
+            [NSApp activateIgnoringOtherApps:YES];
+            [window_ makeKeyAndOrderFront:nil];
+            runUntil(isFront, 1);
+        }
+        require(isFront(), "the window does not come to the front");
     }
 
     void closeWindow() override {
+        if (window_ == nil)
+            return;
         [window_ close];
+        // GNUstep leaves a window key where no other can take its place.
+        [window_ resignKeyWindow];
+        [window_ resignMainWindow];
+        require(
+            runUntil([&] { return !hasKeyboardFocus(window_) && [NSApp keyWindow] == nil; }, 10),
+            "the window does not give up the keyboard");
         [window_ release];
         window_ = nil;
+    }
+
+    void letPass(double seconds) override {
+        // A timer of our own: those that were due before it have fired when it has.
+        NSTimer* timer = [NSTimer scheduledTimerWithTimeInterval:seconds
+                                                          target:[NSNull null]
+                                                        selector:@selector(self)
+                                                        userInfo:nil
+                                                         repeats:NO];
+        require(runUntil([timer] { return [timer isValid] == NO; }, seconds + 10),
+                "time stands still");
     }
 
     void storeDefault(std::string_view key, const PropertyList& value) override {

@@ -48,6 +48,9 @@ class ContractHost {
     virtual void openWindow(const Rect& frame) = 0;
     virtual void closeWindow() = 0;
 
+    /// Lets at least this much time pass, with the host's event loop running.
+    virtual void letPass(double seconds) = 0;
+
     virtual void storeDefault(std::string_view key, const PropertyList& value) = 0;
     virtual void removeDefault(std::string_view key) = 0;
 

@@ -60,6 +60,8 @@ class MemoryContractHost final : public ContractHost {
 
     void closeWindow() override { host_.key = host_.main = nullptr; }
 
+    void letPass(double seconds) override { desktop_.clock.advance(seconds); }
+
     void storeDefault(std::string_view key, const PropertyList& value) override {
         host_.userDefaults().values.set(key, value);
     }

@@ -1,0 +1,16 @@
+#import "KeyboardFocus.h"
+
+#import "platform/cocoa/X11GNUstep.h"
+
+#include <X11/Xlib.h>
+
+namespace vistrel {
+
+bool hasKeyboardFocus(NSWindow* window) {
+    ::Window focus = 0;
+    int revertTo = 0;
+    XGetInputFocus(cocoa::gnustep::display(), &focus, &revertTo);
+    return focus != 0 && focus == cocoa::gnustep::xWindow(window);
+}
+
+} // namespace vistrel
