@@ -162,13 +162,14 @@ class CocoaContractHost final : public ContractHost {
 
     void letPass(double seconds) override {
         // A timer of our own: those that were due before it have fired when it has.
-        NSTimer* timer = [NSTimer scheduledTimerWithTimeInterval:seconds
-                                                          target:[NSNull null]
-                                                        selector:@selector(self)
-                                                        userInfo:nil
-                                                         repeats:NO];
+        NSTimer* timer = [[NSTimer scheduledTimerWithTimeInterval:seconds
+                                                           target:@""
+                                                         selector:@selector(self)
+                                                         userInfo:nil
+                                                          repeats:NO] retain];
         require(runUntil([timer] { return [timer isValid] == NO; }, seconds + 10),
                 "time stands still");
+        [timer release];
     }
 
     void storeDefault(std::string_view key, const PropertyList& value) override {
