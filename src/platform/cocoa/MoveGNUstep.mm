@@ -89,14 +89,16 @@ class Move {
     void arriveAt(NSRect frame, Clock::duration patience) {
         const auto limit = Clock::now() + patience;
         sendTo(frame, limit);
-        for (int attempt = 0; attempt < mostAttempts && isWaitingFor(frame, limit); ++attempt)
-            if (isPlacedAt(window_, frame))
+        for (int attempt = 0; attempt < mostAttempts && isWaitingFor(frame, limit); ++attempt) {
+            if (isPlacedAt(window_, frame)) {
                 // The back end compares sizes with the last one that the application asked for, not
                 // with the one that the user has chosen since. When they are equal, it resizes the
                 // X window and does not tell the window, and no number of equal calls changes that.
                 tell(window_, frame);
-            else
+            } else {
                 sendAgain(frame, limit, attempt);
+            }
+        }
     }
 
     /// What the user or the window manager did before the move can come to light only after it. And

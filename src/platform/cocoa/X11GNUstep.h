@@ -5,7 +5,7 @@
 #include <chrono>
 #include <optional>
 
-struct _XDisplay;
+struct _XDisplay; // NOLINT(bugprone-reserved-identifier): Xlib's own name of Display
 
 /// What the X server and the window manager know of the host's windows, and the platform does not.
 /// Nothing is remembered: a window has no X window while it is deferred, and may get another one

@@ -33,6 +33,8 @@ class ErrorTrap {
 
     ErrorTrap(const ErrorTrap&) = delete;
     ErrorTrap& operator=(const ErrorTrap&) = delete;
+    ErrorTrap(ErrorTrap&&) = delete;
+    ErrorTrap& operator=(ErrorTrap&&) = delete;
 };
 
 constexpr long mostValues = 64;
@@ -62,6 +64,8 @@ class Property {
 
     Property(const Property&) = delete;
     Property& operator=(const Property&) = delete;
+    Property(Property&&) = delete;
+    Property& operator=(Property&&) = delete;
 
     [[nodiscard]] unsigned long count() const { return count_; }
 
