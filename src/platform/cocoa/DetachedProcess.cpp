@@ -87,10 +87,11 @@ bool startDetached(const std::vector<std::string>& arguments) {
     if (parent < 0)
         return false;
     int status = 0;
-    while (::waitpid(parent, &status, 0) < 0)
+    while (::waitpid(parent, &status, 0) < 0) {
         // A host that ignores the end of its children, or waits for any of them, leaves none here.
         if (errno != EINTR)
             return true;
+    }
     return status == 0;
 }
 

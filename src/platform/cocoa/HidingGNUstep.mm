@@ -11,6 +11,7 @@
 - (void)applicationBecameActive:(NSNotification*)notification;
 - (void)applicationResignedActive:(NSNotification*)notification;
 - (void)screensChanged:(NSNotification*)notification;
+- (void)keyWindowResigned:(NSNotification*)notification;
 - (void)eventHandled:(NSNotification*)notification;
 - (void)lookAtPointer:(NSTimer*)timer;
 
@@ -91,23 +92,28 @@ void showMenuAsUsual() {
     showHostMenu();
 }
 
-/// Without a key window, the platform gives the keyboard to the menu's window: were that hidden,
-/// the host could not even be active.
-bool mayHideMenu() {
-    return [NSApp keyWindow] != nil;
-}
-
 /// The platform and the host show menus and make windows as they like, so this asks again after
 /// each event.
 void settleMenu() {
     if (!hiding().holds || hiding().menu == MenuPlace::Back)
         return;
-    if (!mayHideMenu() && hiding().menu == MenuPlace::Away)
-        showMenuAsUsual();
-    else if (mayHideMenu() && hiding().menu == MenuPlace::Usual)
+    if (!mayHideHostMenu()) {
+        if (hiding().menu == MenuPlace::Away)
+            showMenuAsUsual();
+    } else if (hiding().menu == MenuPlace::Usual) {
         sendMenuAway();
-    else if (mayHideMenu())
+    } else {
         hideHostMenu();
+    }
+}
+
+/// In the middle of a window's leaving: if it is the last, the platform is about to give the
+/// keyboard to the menu.
+void keyboardLost() {
+    if (hiding().menu != MenuPlace::Away || mayHideHostMenu())
+        return;
+    showMenuAsUsual();
+    showHostMenuForKeyboard();
 }
 
 void lookAtPointer() {
@@ -143,6 +149,7 @@ void beginObserving() {
     observe(@selector(applicationBecameActive:), NSApplicationDidBecomeActiveNotification);
     observe(@selector(applicationResignedActive:), NSApplicationDidResignActiveNotification);
     observe(@selector(screensChanged:), NSApplicationDidChangeScreenParametersNotification);
+    observe(@selector(keyWindowResigned:), NSWindowDidResignKeyNotification);
     observe(@selector(eventHandled:), NSApplicationDidUpdateNotification);
 }
 
@@ -188,6 +195,10 @@ using namespace vistrel::cocoa;
         if (gnustep::hiding().menu == gnustep::MenuPlace::Away)
             gnustep::awaitPointer();
     });
+}
+
+- (void)keyWindowResigned:(NSNotification*)notification {
+    runGuarded(gnustep::keyboardLost);
 }
 
 - (void)eventHandled:(NSNotification*)notification {

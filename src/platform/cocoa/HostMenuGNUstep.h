@@ -13,6 +13,14 @@ void hideHostMenu();
 /// active.
 void showHostMenu();
 
+/// Whether the host can do without its menu's window: some other window can take the keyboard.
+/// Where none can, the platform gives the keyboard to the menu, and a host without it cannot be
+/// active.
+bool mayHideHostMenu();
+
+/// Shows the menu and waits, though not for long, until it can take the keyboard.
+void showHostMenuForKeyboard();
+
 /// Whether the user is in the middle of something with a menu of the host.
 bool isHostMenuInUse();
 

@@ -1,6 +1,7 @@
 #import "platform/cocoa/HostMenuGNUstep.h"
 
 #import "platform/cocoa/InWindowMenusGNUstep.h"
+#import "platform/cocoa/StackingGNUstep.h"
 
 #include <algorithm>
 
@@ -35,6 +36,12 @@ void closePanel() {
     [menu close];
 }
 
+bool canTakeKeyboard(NSWindow* window) {
+    return [window isVisible] && ![window isMiniaturized] && [window canBecomeKeyWindow] &&
+           window != menuWindow() &&
+           ([window styleMask] & (NSIconWindowMask | NSMiniWindowMask)) == 0;
+}
+
 /// Of the sides of `screen`, the one nearest to `menu`, and the top of several.
 NSRectEdge nearestEdge(NSRect menu, NSRect screen) {
     const CGFloat top = NSMaxY(screen) - NSMaxY(menu);
@@ -49,9 +56,9 @@ NSRectEdge nearestEdge(NSRect menu, NSRect screen) {
     return nearest == right ? NSMaxXEdge : NSMinYEdge;
 }
 
-/// What the pointer crosses between the edge of the screen and the bar of a window.
+/// All that the pointer may cross between the edge of the screen and the bar of a window.
 NSRect wayToBar(NSRect bar, NSRect screen) {
-    return NSMakeRect(NSMinX(bar), NSMinY(bar), NSWidth(bar), NSMaxY(screen) - NSMinY(bar));
+    return NSMakeRect(NSMinX(screen), NSMinY(bar), NSWidth(screen), NSMaxY(screen) - NSMinY(bar));
 }
 
 } // namespace
@@ -69,6 +76,20 @@ void showHostMenu() {
         setInWindowMenusHidden(false);
     else if ([NSApp isActive] && ![menu isTransient] && ![[menu window] isVisible])
         [menu display];
+}
+
+bool mayHideHostMenu() {
+    if (isInWindows())
+        return true;
+    for (NSWindow* window in [NSApp windows])
+        if (canTakeKeyboard(window))
+            return true;
+    return false;
+}
+
+void showHostMenuForKeyboard() {
+    showHostMenu();
+    waitUntilShown(serverWindow(menuWindow()));
 }
 
 bool isHostMenuInUse() {

@@ -27,10 +27,11 @@ float height(id theme, SEL selector, NSWindow* window) {
     return bars().areHidden ? 0.0F : bars().platformHeight(theme, selector, window);
 }
 
-/// Bars are laid out, and the platform's frames for contents computed, with the height that the
-/// theme gives; nothing else than an answer of zero there makes both agree on a window without a
+/// Replaces a method of the platform's theme, for good once a bar has been hidden, though to no
+/// effect while none is. Bars are laid out, and frames for contents computed, with the height that
+/// the theme gives: an answer of zero is the only thing that makes both agree on a window without a
 /// bar. Taking the menu away from the window does not: it resizes the window, and the platform
-/// gives it back each time any item of the menu changes.
+/// gives the menu back each time any of its items changes.
 void replaceHeight() {
     const SEL selector = @selector(menuHeightForWindow:);
     const Class theme = object_getClass([GSTheme theme]);

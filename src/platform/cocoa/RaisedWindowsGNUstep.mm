@@ -2,12 +2,10 @@
 
 #import "platform/cocoa/Guard.h"
 #import "platform/cocoa/ServerWatchGNUstep.h"
+#import "platform/cocoa/WindowOrderGNUstep.h"
 
 #include <algorithm>
-#include <map>
-#include <optional>
-#include <tuple>
-#include <vector>
+#include <utility>
 
 /// Listens to the host while a window is raised.
 @interface VTRRaisedWindows : NSObject
@@ -32,17 +30,18 @@ struct Stand {
     friend bool operator==(const Stand&, const Stand&) = default;
 };
 
-/// What it has been told, and whether the window has left the screen since, which may make it
-/// forget.
 struct Told {
     Stand stand;
+    /// Whether the window has left the screen since, which may make the window manager forget.
     bool hasLeft = false;
 };
 
 struct Raised {
-    std::vector<NSWindow*> floating;
+    Windows floating;
     bool covers = false;
     std::map<XWindow, Told> told;
+    /// Where the windows stood before they covered anything.
+    Places places;
     id observer = nil;
 };
 
@@ -63,8 +62,13 @@ bool mayCover(NSWindow* window) {
            [window level] >= NSNormalWindowLevel;
 }
 
+/// Menus and alerts of the host, which a floating window of its own must not cover.
+bool isOverFloating(NSWindow* window) {
+    return !raised().floating.empty() && mayCover(window) && [window level] > NSFloatingWindowLevel;
+}
+
 Stand wanted(NSWindow* window) {
-    return {.floats = floats(window),
+    return {.floats = floats(window) || isOverFloating(window),
             .covers = raised().covers && mayCover(window),
             .level = [window level]};
 }
@@ -77,16 +81,32 @@ bool needsTelling(NSWindow* window) {
     return known->second.stand != stand || (known->second.hasLeft && [window isVisible]);
 }
 
+bool isShownRaised(NSWindow* window) {
+    return [window isVisible] && wanted(window).isRaised();
+}
+
+bool isShownAboveNormal(NSWindow* window) {
+    return isShownRaised(window) && [window level] > NSNormalWindowLevel;
+}
+
+Windows windowsThat(bool (*hold)(NSWindow*)) {
+    Windows found;
+    for (NSWindow* window in [NSApp windows])
+        if (serverWindow(window) != 0 && hold(window))
+            found.push_back(window);
+    return found;
+}
+
 /// Window Maker gives a window a level of its own with the state as well as with the message: what
 /// is sent last holds. Its dock and its panels are on level 5, the platform's main menu on 20.
 void tell(XWindow window, const Stand& stand) {
     constexpr NSInteger aboveDock = 10;
+    const bool isLifted = stand.covers && stand.level < aboveDock;
     if (stand.floats && !stand.covers)
         setRawLevel(window, stand.level);
     setAbove(window, stand.isRaised());
     if (stand.covers || !stand.floats)
-        setRawLevel(window,
-                    stand.level + (stand.covers && stand.level < aboveDock ? aboveDock : 0));
+        setRawLevel(window, isLifted ? stand.level + aboveDock : stand.level);
 }
 
 extern const ServerWatcher watcher;
@@ -95,69 +115,35 @@ void update(NSWindow* window) {
     const auto server = serverWindow(window);
     const auto stand = wanted(window);
     tell(server, stand);
-    if (!stand.isRaised()) {
+    if (!stand.isRaised())
         raised().told.erase(server);
-        return;
-    }
-    if (raised().told.insert_or_assign(server, Told{.stand = stand}).second)
+    else if (raised().told.insert_or_assign(server, Told{.stand = stand}).second)
         watchWindow(server, watcher);
 }
 
-std::vector<NSWindow*> windowsThat(bool (*hold)(NSWindow*)) {
-    std::vector<NSWindow*> found;
-    for (NSWindow* window in [NSApp windows])
-        if (serverWindow(window) != 0 && hold(window))
-            found.push_back(window);
-    return found;
-}
-
-/// By level, and within one from the back to the front. A window that is too new to have a place
-/// yet is in front.
-void sortFromBack(std::vector<NSWindow*>& windows) {
-    NSArray* const order = GSOrderedWindows();
-    const auto place = [order](NSWindow* window) {
-        const auto index = [order indexOfObjectIdenticalTo:window];
-        return index == NSNotFound ? -1 : static_cast<NSInteger>(index);
-    };
-    std::ranges::stable_sort(windows, [place](NSWindow* one, NSWindow* other) {
-        return std::tuple([one level], -place(one)) < std::tuple([other level], -place(other));
-    });
-}
-
-bool isAboveNormal(NSWindow* window) {
-    return [window isVisible] && [window level] > NSNormalWindowLevel && wanted(window).isRaised();
-}
-
-/// Above panels and docks a window manager knows but one layer, so what the host has above its
-/// documents is raised after them.
-std::vector<NSWindow*> withThoseAboveNormal(std::vector<NSWindow*> windows) {
-    for (NSWindow* window : windowsThat(isAboveNormal))
+Windows united(Windows windows, const Windows& others) {
+    for (NSWindow* window : others)
         if (std::ranges::count(windows, window) == 0)
             windows.push_back(window);
-    sortFromBack(windows);
     return windows;
 }
 
-void raiseAll(const std::vector<NSWindow*>& windows) {
-    for (NSWindow* window : windows)
-        raise(serverWindow(window));
-}
-
 void refresh() {
-    auto changed = windowsThat(needsTelling);
+    const auto changed = windowsThat(needsTelling);
     if (changed.empty())
         return;
-    sortFromBack(changed);
-    // Looked up before anything is told, because that moves windows.
-    const auto order = withThoseAboveNormal(changed);
-    std::ranges::for_each(changed, update);
+    auto order = united(changed, raised().covers ? windowsThat(isShownAboveNormal) : Windows{});
+    // Found out before anything is asked for, because each request moves a window.
+    sortFromBack(order);
+    for (NSWindow* window : order)
+        if (std::ranges::count(changed, window) != 0)
+            update(window);
     if (raised().covers)
         raiseAll(order);
 }
 
 void windowLeft(XWindow window) {
-    const auto known = raised().told.find(window);
-    if (known != raised().told.end())
+    if (const auto known = raised().told.find(window); known != raised().told.end())
         known->second.hasLeft = true;
 }
 
@@ -165,28 +151,7 @@ void windowDied(XWindow window) {
     raised().told.erase(window);
 }
 
-bool isShownRaised(NSWindow* window) {
-    return [window isVisible] && wanted(window).isRaised();
-}
-
-/// Whether, from the bottom to the top, no window of the host comes after one of a higher level and
-/// no panel after any of them.
-bool isOrderKept(const std::vector<NSWindow*>& windows) {
-    std::map<XWindow, NSInteger> levels;
-    for (NSWindow* window : windows)
-        levels.emplace(serverWindow(window), [window level]);
-    std::optional<NSInteger> highest;
-    for (const auto window : managedWindows()) {
-        const auto own = levels.find(window);
-        if (own == levels.end() ? highest && isPanel(window) : own->second < highest)
-            return false;
-        if (own != levels.end())
-            highest = own->second;
-    }
-    return true;
-}
-
-/// At most a few times in a second: where it cannot be kept, trying changes the order again.
+/// At most a few times in a second: where the order cannot be kept, trying to changes it again.
 bool mayTryAgain() {
     constexpr int most = 5;
     static NSTimeInterval since = 0;
@@ -202,7 +167,7 @@ bool mayTryAgain() {
 /// A click raises a window of the host, or a panel that it leaves uncovered, over those above it.
 void keepOrder() {
     auto windows = windowsThat(isShownRaised);
-    if (!raised().covers || isOrderKept(windows) || !mayTryAgain())
+    if (!raised().covers || isInOrder(windows) || !mayTryAgain())
         return;
     sortFromBack(windows);
     raiseAll(windows);
@@ -213,10 +178,6 @@ const ServerWatcher watcher{.windowAppeared = refresh,
                             .windowDied = windowDied,
                             .orderChanged = keepOrder};
 
-bool isIdle() {
-    return raised().floating.empty() && !raised().covers;
-}
-
 void observe(SEL action, NSString* name) {
     [[NSNotificationCenter defaultCenter] addObserver:raised().observer
                                              selector:action
@@ -225,8 +186,6 @@ void observe(SEL action, NSString* name) {
 }
 
 void beginObserving() {
-    if (raised().observer != nil)
-        return;
     raised().observer = [[VTRRaisedWindows alloc] init];
     observe(@selector(windowWillClose:), NSWindowWillCloseNotification);
     // Whatever else may change a window, such as a new X window for it, is done in some event.
@@ -242,11 +201,29 @@ void endObserving() {
 }
 
 void settle() {
-    if (!isIdle())
+    const bool isIdle = raised().floating.empty() && !raised().covers;
+    if (!isIdle && raised().observer == nil)
         beginObserving();
+    watchAllWindows(!isIdle, watcher);
     refresh();
-    if (isIdle() && raised().observer != nil)
+    if (isIdle && raised().observer != nil)
         endObserving();
+}
+
+void cover() {
+    raised().covers = true;
+    if (isWindowMaker())
+        raised().places = placesOf(windowsThat([](NSWindow* window) { return mayCover(window); }));
+    settle();
+}
+
+/// Window Maker puts a window that changes its level in front of all that are there, and so in
+/// front of the window that has just become active.
+void uncover() {
+    raised().covers = false;
+    refresh();
+    restore(std::exchange(raised().places, {}));
+    settle();
 }
 
 } // namespace
@@ -259,9 +236,8 @@ void setFloating(NSWindow* window, bool floats) {
 }
 
 void setCovering(bool covers) {
-    raised().covers = covers;
-    watchAllWindows(covers, watcher);
-    settle();
+    if (covers != raised().covers)
+        covers ? cover() : uncover();
 }
 
 } // namespace vistrel::cocoa::gnustep
@@ -271,7 +247,8 @@ using namespace vistrel::cocoa;
 @implementation VTRRaisedWindows
 
 - (void)windowWillClose:(NSNotification*)notification {
-    gnustep::setFloating([notification object], false);
+    std::erase(gnustep::raised().floating, [notification object]);
+    runGuarded(gnustep::settle);
 }
 
 - (void)eventHandled:(NSNotification*)notification {

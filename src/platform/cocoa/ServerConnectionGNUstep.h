@@ -42,6 +42,15 @@ class ServerConnection {
     /// The number of a name, 0 when nobody has ever used it.
     xcb_atom_t atom(std::string_view name);
 
+    /// The windows directly in the root window, from the bottom to the top.
+    std::vector<xcb_window_t> topWindows();
+
+    /// The window in the root window that `window` is, or is inside of; 0 when there is none.
+    xcb_window_t topWindow(xcb_window_t window);
+
+    /// The window that has the keyboard.
+    xcb_window_t focus();
+
     void raise(xcb_window_t window);
     void destroy(xcb_window_t window);
 

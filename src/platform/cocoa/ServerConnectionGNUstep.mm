@@ -2,6 +2,7 @@
 
 #import "platform/cocoa/StackingGNUstep.h"
 
+#include <array>
 #include <cstdlib>
 #include <memory>
 
@@ -73,6 +74,12 @@ template <typename Type> struct Reply : std::unique_ptr<Type, Free> {
     explicit Reply(Type* reply) : std::unique_ptr<Type, Free>(reply) {}
 };
 
+Reply<xcb_query_tree_reply_t> queryTree(xcb_connection_t* connection, xcb_window_t window) {
+    if (connection == nullptr || window == 0)
+        return Reply<xcb_query_tree_reply_t>{nullptr};
+    return Reply{xcb_query_tree_reply(connection, xcb_query_tree(connection, window), nullptr)};
+}
+
 } // namespace
 
 bool ServerConnection::open(void (*readable)()) {
@@ -119,18 +126,20 @@ void ServerConnection::selectEvents(xcb_window_t window, std::uint32_t events) {
 
 xcb_window_t ServerConnection::makeSensor(NSRect rect) {
     const auto window = xcb_generate_id(connection_);
-    const std::uint32_t values[] = {1, XCB_EVENT_MASK_ENTER_WINDOW};
+    const std::array<std::uint32_t, 2> values{1, XCB_EVENT_MASK_ENTER_WINDOW};
     xcb_create_window(
         connection_, XCB_COPY_FROM_PARENT, window, root_, static_cast<std::int16_t>(NSMinX(rect)),
         static_cast<std::int16_t>(NSMinY(rect)), static_cast<std::uint16_t>(NSWidth(rect)),
         static_cast<std::uint16_t>(NSHeight(rect)), 0, XCB_WINDOW_CLASS_INPUT_ONLY,
-        XCB_COPY_FROM_PARENT, XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK, values);
+        XCB_COPY_FROM_PARENT, XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK, values.data());
     xcb_map_window(connection_, window);
     xcb_flush(connection_);
     return window;
 }
 
 xcb_atom_t ServerConnection::atom(std::string_view name) {
+    if (connection_ == nullptr)
+        return XCB_ATOM_NONE;
     const auto request =
         xcb_intern_atom(connection_, 1, static_cast<std::uint16_t>(name.size()), name.data());
     const Reply reply{xcb_intern_atom_reply(connection_, request, nullptr)};
@@ -149,6 +158,31 @@ std::vector<std::uint32_t> ServerConnection::property(xcb_window_t window, std::
     const auto* const values =
         static_cast<const std::uint32_t*>(xcb_get_property_value(reply.get()));
     return {values, values + reply->value_len};
+}
+
+std::vector<xcb_window_t> ServerConnection::topWindows() {
+    const auto tree = queryTree(connection_, root_);
+    if (!tree)
+        return {};
+    const auto* const windows = xcb_query_tree_children(tree.get());
+    return {windows, windows + xcb_query_tree_children_length(tree.get())};
+}
+
+xcb_window_t ServerConnection::topWindow(xcb_window_t window) {
+    for (;;) {
+        const auto tree = queryTree(connection_, window);
+        if (!tree || tree->parent == tree->root)
+            return tree ? window : 0;
+        window = tree->parent;
+    }
+}
+
+xcb_window_t ServerConnection::focus() {
+    if (connection_ == nullptr)
+        return 0;
+    const Reply reply{
+        xcb_get_input_focus_reply(connection_, xcb_get_input_focus(connection_), nullptr)};
+    return reply ? reply->focus : 0;
 }
 
 void ServerConnection::raise(xcb_window_t window) {

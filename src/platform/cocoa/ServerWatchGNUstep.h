@@ -3,12 +3,13 @@
 #import "platform/cocoa/StackingGNUstep.h"
 
 #include <optional>
-#include <vector>
 
 /// What the X server can tell and the platform does not pass on. It is learnt on a connection of
 /// our own, which is open only while something is watched. It needs no timer, it cannot disturb the
 /// platform's connection, and whatever was made on it ends with the host, however that ends.
 namespace vistrel::cocoa::gnustep {
+
+class ServerConnection;
 
 /// Who is told. Everything is called on the main thread by its run loop.
 struct ServerWatcher {
@@ -31,12 +32,8 @@ void watchAllWindows(bool on, const ServerWatcher& watcher);
 /// Ends the watch of windows.
 void endWindowWatch();
 
-/// The windows of all programs from the bottom to the top, as the window manager says. Empty while
-/// nothing is watched.
-std::vector<XWindow> managedWindows();
-
-/// Whether the window is a panel or a dock of the desktop.
-bool isPanel(XWindow window);
+/// The connection of the watch, for questions. It is closed while nothing is watched.
+ServerConnection& watchConnection();
 
 /// Calls `entered` whenever the pointer comes to `edge`, given in the coordinates of the X server.
 /// nullopt ends it. Clicks at the edge reach no window meanwhile, so keep it thin.

@@ -10,8 +10,6 @@ namespace vistrel::cocoa::gnustep {
 
 namespace {
 
-constexpr auto* orderName = "_NET_CLIENT_LIST_STACKING";
-
 using Event = std::unique_ptr<xcb_generic_event_t, decltype(&std::free)>;
 
 struct Watch {
@@ -134,7 +132,7 @@ void watchAllWindows(bool on, const ServerWatcher& watcher) {
         return;
     watch().watchesAll = on;
     if (on)
-        watch().order = watch().server.atom(orderName);
+        watch().order = watch().server.atom("_NET_CLIENT_LIST_STACKING");
     constexpr auto all = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_PROPERTY_CHANGE;
     watch().server.selectEvents(watch().server.root(), on ? all : XCB_EVENT_MASK_NO_EVENT);
 }
@@ -146,15 +144,8 @@ void endWindowWatch() {
     closeIfIdle();
 }
 
-std::vector<XWindow> managedWindows() {
-    const auto windows = watch().server.property(watch().server.root(), orderName);
-    return {windows.begin(), windows.end()};
-}
-
-bool isPanel(XWindow window) {
-    const auto types =
-        watch().server.property(static_cast<xcb_window_t>(window), "_NET_WM_WINDOW_TYPE");
-    return !types.empty() && types.front() == watch().server.atom("_NET_WM_WINDOW_TYPE_DOCK");
+ServerConnection& watchConnection() {
+    return watch().server;
 }
 
 void watchEdge(std::optional<NSRect> edge, void (*entered)()) {

@@ -23,6 +23,17 @@ void setRawLevel(XWindow window, NSInteger level);
 /// To the top of the windows of its level.
 void raise(XWindow window);
 
+/// Directly below `other`, a window of any program, under Window Maker. Other managers are known to
+/// send a window to the very bottom instead; do not ask them.
+void putBelow(XWindow window, XWindow other);
+
+/// Whether Window Maker manages the windows.
+bool isWindowMaker();
+
+/// Waits until the window manager has put the window on screen, but not for long. Answers whether
+/// it has.
+bool waitUntilShown(XWindow window);
+
 /// The name of the display that the platform is connected to.
 const char* displayName();
 

@@ -4,6 +4,8 @@
 
 #include <X11/Xlib.h>
 #include <array>
+#include <chrono>
+#include <thread>
 
 namespace vistrel::cocoa::gnustep {
 
@@ -50,6 +52,47 @@ void setRawLevel(XWindow window, NSInteger level) {
 void raise(XWindow window) {
     XRaiseWindow(display(), window);
     XFlush(display());
+}
+
+void putBelow(XWindow window, XWindow other) {
+    XEvent event{};
+    event.xconfigurerequest.type = ConfigureRequest;
+    event.xconfigurerequest.parent = root();
+    event.xconfigurerequest.window = window;
+    event.xconfigurerequest.above = other;
+    event.xconfigurerequest.detail = Below;
+    event.xconfigurerequest.value_mask = CWSibling | CWStackMode;
+    // As an event, because the server takes no request about windows in different frames.
+    XSendEvent(display(), root(), False, SubstructureNotifyMask | SubstructureRedirectMask, &event);
+    XFlush(display());
+}
+
+bool isWindowMaker() {
+    const Atom board = XInternAtom(display(), "_WINDOWMAKER_NOTICEBOARD", False);
+    Atom type = None;
+    int format = 0;
+    unsigned long count = 0;
+    unsigned long rest = 0;
+    unsigned char* value = nullptr;
+    XGetWindowProperty(display(), root(), board, 0, 1, False, AnyPropertyType, &type, &format,
+                       &count, &rest, &value);
+    if (value != nullptr)
+        XFree(value);
+    return type != None;
+}
+
+bool waitUntilShown(XWindow window) {
+    constexpr auto pause = std::chrono::milliseconds(2);
+    constexpr int most = 50;
+    for (int tries = 0; tries < most; ++tries) {
+        XWindowAttributes attributes{};
+        if (window == 0 || XGetWindowAttributes(display(), window, &attributes) == 0)
+            return false;
+        if (attributes.map_state == IsViewable)
+            return true;
+        std::this_thread::sleep_for(pause);
+    }
+    return false;
 }
 
 const char* displayName() {

@@ -24,7 +24,8 @@ NSArray* rowsFromTop(NSRect rect) {
 
 bool isOnScreen(NSMenuView* view) {
     NSWindow* window = [view window];
-    return window && [window isVisible] && [window windowNumber] > 0;
+    return window && [window isVisible] && [window windowNumber] > 0 &&
+           ![view isHiddenOrHasHiddenAncestor];
 }
 
 NSRect onScreen(NSMenuView* view, NSRect rect) {
