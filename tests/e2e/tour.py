@@ -15,20 +15,25 @@ from pathlib import Path
 
 from harness.account import Account
 from harness.desktop import Desktop
-from harness.devices import COMMAND
+from harness.devices import COMMAND, CONTROL
 from harness.geometry import Rect
 from harness.host import Host
 from harness.menus import Menus, rect
 
 LOG_LINE = "VTRLog - Screens: "
 
+# A desktop that shows where windows end.
+BACKGROUND = 0x46637F
+
+# Toggles are picked twice: there, and back.
 ARRANGE = [
-    "Toggle ½ Screen Left", "Toggle ½ Screen Left",
-    "Toggle ½ Screen Right", "Toggle ½ Screen Right",
-    "Toggle ⅓ Screen Left", "Toggle ⅓ Screen Left",
-    "Toggle ⅓ Screen Middle", "Toggle ⅓ Screen Middle",
-    "Toggle ⅓ Screen Right", "Toggle ⅓ Screen Right",
-    "Center Average Window", "Center Window",
+    ("Toggle ½ Screen Left", "left-half"),
+    ("Toggle ½ Screen Right", "right-half"),
+    ("Toggle ⅓ Screen Left", "left-third"),
+    ("Toggle ⅓ Screen Middle", "middle-third"),
+    ("Toggle ⅓ Screen Right", "right-third"),
+    ("Center Average Window", "standard-size"),
+    ("Center Window", "centred"),
 ]
 
 
@@ -53,24 +58,25 @@ class Tour:
     def show_menu(self, name: str, *titles: str) -> None:
         area = rect(self.menus.open(self.window_menu, *titles))
         self.host.wait_until(lambda: self.desktop.colours(area) > 2, "the menu to be drawn")
-        print(f"  {' > '.join([self.window_menu, *titles]):44} {self.picture(name)}")
+        print(f"  {' > '.join([self.window_menu, *titles]):46} {self.picture(name)}")
 
     def show(self, title: str, name: str, command: Callable[[], None]) -> None:
         before = self.frame()
         command()
+        self.menus.close()
         self.host.catch_up()
         after = self.frame()
         picture = self.picture(name)
-        print(f"  {title:44} {text(before)} -> {text(after)}  {picture}")
+        print(f"  {title:46} {text(before)} -> {text(after)}  {picture}")
 
-    def pick(self, title: str, *parents: str) -> None:
+    def pick(self, title: str, name: str, *parents: str) -> None:
         """Choose the command with the mouse, if this version has it."""
         path = (self.window_menu, *parents, title)
         if not self.host.item_at(*path)["enabled"]:
             return
-        name = "".join(c if c.isascii() and c.isalnum() else "-" for c in title.lower())
-        self.show(title, name.strip("-").replace("--", "-"), lambda: self.menus.pick(*path))
-        self.menus.close()
+        self.show(title, name, lambda: self.menus.pick(*path))
+        if title.startswith("Toggle"):
+            self.show(f"{title}, and back", f"{name}-back", lambda: self.menus.pick(*path))
 
     def full_screen(self) -> None:
         """By its shortcut: the menu is out of sight when it is wanted again."""
@@ -80,7 +86,7 @@ class Tour:
         window = self.frame()
         self.show("Toggle Fullscreen (Command-Return)", "fullscreen", lambda: self.reach(
             lambda frame: frame.width >= width and frame.height >= height))
-        self.show("Toggle Fullscreen (Command-Return)", "fullscreen-back", lambda: self.reach(
+        self.show("Toggle Fullscreen, and back", "fullscreen-back", lambda: self.reach(
             lambda frame: frame == window))
 
     def reach(self, arrived: Callable[[Rect], bool]) -> None:
@@ -91,11 +97,11 @@ class Tour:
         title = "Toggle Menu And Dock"
         if not self.host.item_at(self.window_menu, title)["enabled"]:
             return
-        for visible, name in ((False, "hidden"), (True, "shown")):
-            self.show(f"{title} (Control-Return)", name, lambda: self.hide(visible))
+        self.show(f"{title} (Control-Return)", "hidden", lambda: self.hide(False))
+        self.show(f"{title}, and back", "shown", lambda: self.hide(True))
 
     def hide(self, visible: bool) -> None:
-        self.desktop.keyboard.chord("Control_L", "Return")
+        self.desktop.keyboard.chord(CONTROL, "Return")
         self.host.wait_until(
             lambda: self.menus.main()["visible"] is visible, "the menu to go or to come"
         )
@@ -108,13 +114,19 @@ class Tour:
         for title in ("Quorvix's Vistrel", "Settings", "Arrange"):
             self.show_menu(title.split()[-1].lower(), title)
         self.menus.close()
-        for title in ARRANGE:
-            self.pick(title, "Arrange")
+        for title, name in ARRANGE:
+            self.pick(title, name, "Arrange")
         self.full_screen()
         self.menu_and_dock()
-        for _ in range(2):
-            self.pick("Toggle Floating Window")
-        self.pick("Make OS X Lion Fullscreen Window")
+        self.pick("Toggle Floating Window", "floating")
+        self.pick("Make OS X Lion Fullscreen Window", "full-screen-capable")
+
+
+def paint(desktop: Desktop) -> None:
+    root = desktop.server.root
+    root.change_attributes(background_pixel=BACKGROUND)
+    root.clear_area()
+    desktop.connection.sync()
 
 
 def text(frame: Rect) -> str:
@@ -130,6 +142,7 @@ def main(application: Path, pictures: Path) -> int:
     print("Frames are x, y from the upper left corner, width x height.")
     with tempfile.TemporaryDirectory() as logs, Account() as account:
         with Desktop(account, Path(logs)) as desktop:
+            paint(desktop)
             with Host(str(application), account, desktop, bundles, Path(logs)) as host:
                 host.wait_until(lambda: LOG_LINE in host.log, "Vistrel to be loaded")
                 host.wait_for_focus()
