@@ -1,4 +1,4 @@
-#include "platform/cocoa/DetachedProcess.h"
+#include "platform/posix/DetachedProcess.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "platform/cocoa/SearchToolGNUstep.h"
 
-#include "platform/cocoa/DetachedProcess.h"
+#include "platform/posix/DetachedProcess.h"
 
 #include <cstdlib>
 #include <sys/stat.h>

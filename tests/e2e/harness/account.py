@@ -24,7 +24,7 @@ from . import processes
 USER = "tester"
 MARKER = "VTR_TEST_ACCOUNT"
 WRAPPER_LIBRARY = "libnss_wrapper.so"
-DIES_WITH_THE_TESTS = ["setpriv", "--pdeathsig", "KILL"]
+DIES_WITH_THE_TESTS = ["/usr/bin/setpriv", "--pdeathsig", "KILL"]
 
 
 def _wrapper() -> Path:

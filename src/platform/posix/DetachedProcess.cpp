@@ -1,4 +1,4 @@
-#include "platform/cocoa/DetachedProcess.h"
+#include "platform/posix/DetachedProcess.h"
 
 #include <cerrno>
 #include <csignal>
