@@ -132,14 +132,14 @@ void refresh() {
     const auto changed = windowsThat(needsTelling);
     if (changed.empty())
         return;
-    auto order = united(changed, raised().covers ? windowsThat(isShownAboveNormal) : Windows{});
+    auto order = united(changed, windowsThat(isShownAboveNormal));
     // Found out before anything is asked for, because each request moves a window.
     sortFromBack(order);
     for (NSWindow* window : order)
         if (std::ranges::count(changed, window) != 0)
             update(window);
-    if (raised().covers)
-        raiseAll(order);
+    std::erase_if(order, [](NSWindow* window) { return !isShownRaised(window); });
+    raiseAll(order);
 }
 
 void windowLeft(XWindow window) {
@@ -167,7 +167,7 @@ bool mayTryAgain() {
 /// A click raises a window of the host, or a panel that it leaves uncovered, over those above it.
 void keepOrder() {
     auto windows = windowsThat(isShownRaised);
-    if (!raised().covers || isInOrder(windows) || !mayTryAgain())
+    if (isInOrder(windows, raised().covers) || !mayTryAgain())
         return;
     sortFromBack(windows);
     raiseAll(windows);
@@ -212,6 +212,8 @@ void settle() {
 
 void cover() {
     raised().covers = true;
+    // Where windows stand is asked on the connection of the watch.
+    watchAllWindows(true, watcher);
     if (isWindowMaker())
         raised().places = placesOf(windowsThat([](NSWindow* window) { return mayCover(window); }));
     settle();

@@ -24,7 +24,9 @@ NSArray* eventModes() {
                                      NSEventTrackingRunLoopMode, nil];
 }
 
+/// The form in which the run loop takes a descriptor.
 void* asData(int descriptor) {
+    // NOLINTNEXTLINE(performance-no-int-to-ptr)
     return reinterpret_cast<void*>(static_cast<intptr_t>(descriptor));
 }
 

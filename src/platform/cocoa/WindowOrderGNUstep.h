@@ -19,8 +19,9 @@ void sortFromBack(Windows& windows);
 /// there only until something else raises a window.
 void raiseAll(const Windows& windows);
 
-/// Whether no window comes after one of a higher level, and no panel of the desktop after any.
-bool isInOrder(const Windows& windows);
+/// Whether no window is above one of a higher level and, where they are to cover the panels of the
+/// desktop, no panel above any.
+bool isInOrder(const Windows& windows, bool coverPanels);
 
 /// Which windows of other programs are above each of the host's windows.
 using Places = std::map<XWindow, std::vector<XWindow>>;

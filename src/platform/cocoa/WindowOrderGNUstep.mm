@@ -78,14 +78,14 @@ void raiseAll(const Windows& windows) {
         raise(serverWindow(window));
 }
 
-bool isInOrder(const Windows& windows) {
+bool isInOrder(const Windows& windows, bool coverPanels) {
     std::map<XWindow, NSInteger> levels;
     for (NSWindow* window : windows)
         levels.emplace(serverWindow(window), [window level]);
     std::optional<NSInteger> highest;
     for (const auto window : managedFromBottom()) {
         const auto own = levels.find(window);
-        if (own == levels.end() ? highest && isPanel(window) : own->second < highest)
+        if (own == levels.end() ? coverPanels && highest && isPanel(window) : own->second < highest)
             return false;
         if (own != levels.end())
             highest = own->second;
