@@ -3,6 +3,7 @@
 from __future__ import annotations
 
 from collections.abc import Callable, Iterator
+from pathlib import Path
 
 import pytest
 from commands import Commands
@@ -177,7 +178,7 @@ def test_the_mode_holds_only_while_the_host_is_active(
 
 
 @pytest.fixture
-def panel(request: pytest.FixtureRequest, screen: Desktop, pictures) -> Iterator[int]:
+def panel(screen: Desktop, pictures: Path) -> Iterator[int]:
     """tint2, at the lower edge of the screen; its X window."""
     with Account() as account:
         before = set(docks(screen))
@@ -221,6 +222,25 @@ def test_panels_cover_no_part_of_the_window_while_they_are_hidden(
     commands.press(HIDING)
     commands.host.wait_until(lambda: not is_covered(screen, panel, commands), "the panel above")
     assert screen.states(panel) == states
+
+
+def test_window_makers_own_dock_is_covered_and_comes_back(
+    start_host: StartHost, other_manager: Desktop, pictures: Path
+) -> None:
+    width, _ = other_manager.size
+    dock = Rect(width - 64, 36, 64, 28)  # most of its uppermost tile
+
+    def picture() -> bytes:
+        return other_manager.screenshot().crop(dock.box).tobytes()
+
+    commands = start(start_host, "TextEdit", other_manager)
+    assert other_manager.colours(dock) > 2, "the dock is there"
+    before = picture()
+    fill(commands, Rect(0, 0, *other_manager.size))
+    commands.host.wait_until(lambda: other_manager.colours(dock) == 1, "a blank page there")
+    other_manager.screenshot(pictures / "covered.png")
+    commands.press(FULLSCREEN)
+    commands.host.wait_until(lambda: picture() == before, "the dock to be back")
 
 
 @pytest.mark.parametrize("mode", [HIDING, FULLSCREEN])

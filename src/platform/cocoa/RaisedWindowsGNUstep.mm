@@ -62,9 +62,10 @@ bool mayCover(NSWindow* window) {
            [window level] >= NSNormalWindowLevel;
 }
 
-/// Menus and alerts of the host, which a floating window of its own must not cover.
+/// Panels, menus and alerts of the host, which a floating window of its own must not keep covered.
 bool isOverFloating(NSWindow* window) {
-    return !raised().floating.empty() && mayCover(window) && [window level] > NSFloatingWindowLevel;
+    return !raised().floating.empty() && mayCover(window) &&
+           [window level] >= NSFloatingWindowLevel;
 }
 
 Stand wanted(NSWindow* window) {
