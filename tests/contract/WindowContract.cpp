@@ -83,6 +83,15 @@ TEST_F(WindowContract, SurvivesEverySystemUIMode) {
     EXPECT_EQ(window().frame(), initial);
 }
 
+TEST_F(WindowContract, LosesNothingToTheSearchWindow) {
+    // Where the user may choose the tool, one that ends at once.
+    host->storeDefault("VTRSearchTool", "/bin/true");
+    application().showSearchWindow("", 0);
+    application().showSearchWindow("100% %@ 'text' $(text)", 0);
+    host->removeDefault("VTRSearchTool");
+    EXPECT_EQ(window().frame(), initial);
+}
+
 class DelayContract : public ContractTest {};
 
 TEST_F(DelayContract, CallsOnceAndNotAtOnce) {
