@@ -31,6 +31,8 @@ bool isOfThisKind(const Header& header) {
 
 bool isWholeProgram(const std::string& path) {
     std::error_code error;
+    if (!std::filesystem::is_regular_file(path, error))
+        return false;
     const auto size = std::filesystem::file_size(path, error);
     std::ifstream file(path, std::ios::binary);
     Header header{};

@@ -58,16 +58,16 @@ Dictionary::Dictionary(std::initializer_list<Entry> entries) {
 }
 
 const PropertyList* Dictionary::find(std::string_view key) const {
-    const auto entry = std::ranges::find(entries_, key, &Entry::first);
-    return entry == entries_.end() ? nullptr : &entry->second;
+    const auto position = positions_.find(key);
+    return position == positions_.end() ? nullptr : &entries_[position->second].second;
 }
 
 void Dictionary::set(std::string_view key, PropertyList value) {
-    const auto entry = std::ranges::find(entries_, key, &Entry::first);
-    if (entry == entries_.end())
+    const auto [position, isNew] = positions_.try_emplace(std::string(key), entries_.size());
+    if (isNew)
         entries_.emplace_back(key, std::move(value));
     else
-        entry->second = std::move(value);
+        entries_[position->second].second = std::move(value);
 }
 
 bool operator==(const Dictionary& a, const Dictionary& b) {

@@ -2,7 +2,9 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <initializer_list>
+#include <map>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -54,6 +56,7 @@ class Dictionary {
 
   private:
     std::vector<Entry> entries_;
+    std::map<std::string, std::size_t, std::less<>> positions_;
 };
 
 /// Any value that a property list can hold, with its exact type: what the settings file brings

@@ -33,7 +33,7 @@ std::optional<int> take(std::string_view& text, std::size_t digits, char behind)
 std::string textFromDate(const Date& date) {
     // The years that have four digits; others have no form that everybody reads.
     const auto earliest = sys_days(1y / January / 1) - referenceDate;
-    const auto latest = sys_days(9999y / December / 31) - referenceDate;
+    const auto latest = sys_days(9999y / December / 31) + seconds(86399) - referenceDate;
     const auto count =
         std::clamp(date.secondsSinceReferenceDate, static_cast<double>(earliest.count()),
                    static_cast<double>(latest.count()));
@@ -57,7 +57,7 @@ std::optional<Date> dateFromText(std::string_view text) {
     const auto hour = dayNumber ? take(text, 2, ':') : std::nullopt;
     const auto minute = hour ? take(text, 2, ':') : std::nullopt;
     const auto second = minute ? take(text, 2, 'Z') : std::nullopt;
-    if (!second || !text.empty() || *hour > 23 || *minute > 59 || *second > 60 ||
+    if (!second || !text.empty() || *hour > 23 || *minute > 59 || *second > 60 || *yearNumber < 1 ||
         *yearNumber > 9999)
         return std::nullopt;
     const auto date = year(*yearNumber) / month(static_cast<unsigned>(*monthNumber)) /
