@@ -129,13 +129,22 @@ Windows united(Windows windows, const Windows& others) {
     return windows;
 }
 
+/// Windows that the window manager has not been told of yet come in front of the others of their
+/// level, as the platform has just put them there.
+void sortForRaising(Windows& windows) {
+    sortFromBack(windows);
+    std::ranges::stable_sort(windows, {}, [](NSWindow* window) {
+        return std::pair([window level], !raised().told.contains(serverWindow(window)));
+    });
+}
+
 void refresh() {
     const auto changed = windowsThat(needsTelling);
     if (changed.empty())
         return;
     auto order = united(changed, windowsThat(isShownAboveNormal));
     // Found out before anything is asked for, because each request moves a window.
-    sortFromBack(order);
+    sortForRaising(order);
     for (NSWindow* window : order)
         if (std::ranges::count(changed, window) != 0)
             update(window);
