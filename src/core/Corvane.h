@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace vistrel {
 
@@ -14,6 +15,7 @@ class Application;
 class Menu;
 class MenuItem;
 class Platform;
+class WindowController;
 
 /// What the controller keeps for as long as the host runs. Everything starts as zero; Corvane's
 /// insertMenu() gives the first real values.
@@ -41,6 +43,9 @@ struct CorvaneFields {
     Rect rectThreeL;
     Rect rectThreeM;
     Rect rectThreeR;
+    /// The settings window's controller, and the About window's. Made at the first use and kept.
+    WindowController* preferencesController = nullptr;
+    WindowController* aboutNIBController = nullptr;
 };
 
 /// The Window menu of the host, or nothing. The search ends at the first item of the main menu that
@@ -102,9 +107,34 @@ class Corvane : private CorvaneFields {
     /// Opens the system's search window.
     void spotlight();
 
-    /// Puts the key window where its saved frame is. Does nothing when none is saved for this
-    /// application and display setup; a stored value that is not a text counts as none.
+    /// Keeps the key window's frame for this application and display setup, and says so.
+    void saveWind();
+
+    /// Puts the key window where its saved frame is, or says that none is saved for this
+    /// application and display setup; a stored value that is not a text counts as none. Either way
+    /// it ends full screen and the halves and thirds, but hides or shows no menu bar.
+    void restoreWind();
+
+    /// The same at the start of the host, without a word and without ending anything.
     void startRestore();
+
+    /// Opens the settings window.
+    void preferences();
+
+    /// Opens the About window in the centre of the screen, also when it is open already.
+    void about();
+
+    /// Asks the maker's server for the number of the latest version and says how this one compares.
+    /// Blocks the host until the user has answered.
+    void updates();
+
+    /// Open the page of release notes and the list of the maker's applications.
+    void openWebsite();
+    void quorvix();
+
+    /// Where the active application is the Finder, quits the host and has it opened again one
+    /// second later. No command leads here.
+    void restartFinder();
 
     [[nodiscard]] const CorvaneFields& fields() const { return *this; }
 
@@ -119,6 +149,9 @@ class Corvane : private CorvaneFields {
     void applyStartUpMode();
     void resetToggles();
     [[nodiscard]] std::string savedFrameKey() const;
+    bool restoreSavedFrame();
+    void offerDownload();
+    void tell(std::string_view title, std::string_view message);
 
     void toggle(const Layout& layout);
     void centerKeyWindow();

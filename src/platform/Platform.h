@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/Alert.h"
 #include "core/MenuItemDescription.h"
 #include "core/PropertyList.h"
 #include "core/Rect.h"
@@ -10,6 +11,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 /// What the core asks of the desktop, and nothing else.
 ///
@@ -65,6 +67,9 @@ class Window {
     /// Replaces the window's whole collection behaviour by `behavior`, a set of
     /// NSWindowCollectionBehavior bits (NSWindow.h).
     virtual void setCollectionBehavior(std::uint64_t behavior) = 0;
+
+    /// Shows the window in front of the others of its level and gives it the keyboard.
+    virtual void makeKeyAndOrderFront() = 0;
 
   protected:
     ~Window() = default;
@@ -126,6 +131,12 @@ class Application {
     /// The identifier of the host's main bundle, or nullopt when it declares none.
     [[nodiscard]] virtual std::optional<std::string> bundleIdentifier() const = 0;
 
+    /// The full path of the host's main bundle.
+    [[nodiscard]] virtual std::string bundlePath() const = 0;
+
+    /// What the host's main bundle has for `key` in its default string table, or `key` itself.
+    [[nodiscard]] virtual std::string localizedString(std::string_view key) const = 0;
+
     virtual Menu& mainMenu() = 0;
     virtual Window& keyWindow() = 0;
     virtual Window& mainWindow() = 0;
@@ -150,6 +161,13 @@ class Application {
     /// long as the host is in a modal dialogue or follows the mouse. It cannot be cancelled.
     virtual void performAfterDelay(double seconds, std::function<void()> call) = 0;
 
+    /// Shows `alert` and waits until it has been dismissed. Answers whether the default button did
+    /// that (NSAlertDefaultReturn, NSPanel.h); every other way out of it answers false.
+    virtual bool runAlert(const Alert& alert) = 0;
+
+    /// Asks the host to quit, as its own Quit command does.
+    virtual void terminate() = 0;
+
     /// Writes one line to the platform's log. `line` is a text, never a format.
     virtual void log(std::string_view line) = 0;
 
@@ -172,6 +190,7 @@ class UserDefaults {
 
     virtual void setInteger(std::int64_t value, std::string_view key) = 0;
     virtual void setBool(bool value, std::string_view key) = 0;
+    virtual void setObject(const PropertyList& value, std::string_view key) = 0;
 
   protected:
     ~UserDefaults() = default;
@@ -202,12 +221,95 @@ class FileManager {
     ~FileManager() = default;
 };
 
+/// The desktop around the host.
+class Workspace {
+  public:
+    /// The name of the application that is in front. Empty when there is none.
+    [[nodiscard]] virtual std::string activeApplicationName() const = 0;
+
+    /// Opens a page in the user's browser, without waiting for it. A failure is silent.
+    virtual void openURL(const std::string& url) = 0;
+
+    /// Starts a program that outlives the host and waits for nothing. A failure is silent.
+    virtual void launch(const std::string& path, const std::vector<std::string>& arguments) = 0;
+
+  protected:
+    ~Workspace() = default;
+};
+
+/// The web, as the host reaches it.
+class Web {
+  public:
+    /// Empties the host's whole cache of downloads.
+    virtual void removeAllCachedResponses() = 0;
+
+    /// Downloads the text at `url` and waits for it, for no longer than the platform's usual
+    /// time-out. nullopt when the download fails, or when what it brings is not UTF-8.
+    [[nodiscard]] virtual std::optional<std::string> textAtURL(const std::string& url) = 0;
+
+  protected:
+    ~Web() = default;
+};
+
+/// What an interface file connects to the controller of its window.
+class Outlets {
+  public:
+    /// The window, or nothing as long as the file has not been loaded.
+    virtual Window& window() = 0;
+
+  protected:
+    ~Outlets() = default;
+};
+
+/// The outlets of the settings window.
+class PreferencesOutlets : public Outlets {
+  public:
+    /// Shows `name` as that of the application whose own settings the window edits.
+    virtual void setAppName(std::string_view name) = 0;
+
+  protected:
+    ~PreferencesOutlets() = default;
+};
+
+/// Controls a window of the bundle's own, which an interface file describes.
+class WindowController {
+  public:
+    /// The window. The first call loads the interface file, and the controller's awakeFromNib()
+    /// runs before it returns. Nothing when the file cannot be loaded.
+    virtual Window& window() = 0;
+
+    /// Brings the window to the front and gives it the keyboard.
+    virtual void showWindow() = 0;
+
+  protected:
+    ~WindowController() = default;
+};
+
+/// What the bundle brings along.
+class BundleResources {
+  public:
+    /// The text under `key` in the bundle's Info.plist, or the empty text when there is none.
+    [[nodiscard]] virtual std::string infoText(std::string_view key) const = 0;
+
+    /// A new controller for the settings window of the interface file "VTRPreferences", or for the
+    /// About window of "VTRAbout". It lives as long as the process. nullptr when the platform
+    /// cannot make one.
+    virtual WindowController* makePreferencesController() = 0;
+    virtual WindowController* makeAboutController() = 0;
+
+  protected:
+    ~BundleResources() = default;
+};
+
 /// One host process as the core sees it.
 class Platform {
   public:
     virtual Application& application() = 0;
     virtual UserDefaults& userDefaults() = 0;
     virtual FileManager& fileManager() = 0;
+    virtual Workspace& workspace() = 0;
+    virtual Web& web() = 0;
+    virtual BundleResources& resources() = 0;
 
   protected:
     ~Platform() = default;

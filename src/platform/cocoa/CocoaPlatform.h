@@ -3,8 +3,11 @@
 #include "platform/Platform.h"
 #include "platform/cocoa/CocoaFileManager.h"
 #include "platform/cocoa/CocoaMenu.h"
+#include "platform/cocoa/CocoaResources.h"
 #include "platform/cocoa/CocoaUserDefaults.h"
+#include "platform/cocoa/CocoaWeb.h"
 #include "platform/cocoa/CocoaWindow.h"
+#include "platform/cocoa/CocoaWorkspace.h"
 
 namespace vistrel::cocoa {
 
@@ -13,7 +16,7 @@ class CocoaPlatform final : public Platform, public Application {
   public:
     /// `controller` is the Objective-C object that menu items send their actions to. It must
     /// outlive the platform.
-    explicit CocoaPlatform(id controller) : mainMenu_(controller) {}
+    explicit CocoaPlatform(id controller) : controller_(controller), mainMenu_(controller) {}
 
     Application& application() override { return *this; }
 
@@ -21,7 +24,15 @@ class CocoaPlatform final : public Platform, public Application {
 
     FileManager& fileManager() override { return fileManager_; }
 
+    Workspace& workspace() override { return workspace_; }
+
+    Web& web() override { return web_; }
+
+    BundleResources& resources() override { return resources_; }
+
     [[nodiscard]] std::optional<std::string> bundleIdentifier() const override;
+    [[nodiscard]] std::string bundlePath() const override;
+    [[nodiscard]] std::string localizedString(std::string_view key) const override;
     Menu& mainMenu() override;
     Window& keyWindow() override;
     Window& mainWindow() override;
@@ -30,11 +41,17 @@ class CocoaPlatform final : public Platform, public Application {
     [[nodiscard]] std::int32_t windowLevelForKey(std::int32_t key) const override;
     void showSearchWindow(std::string_view text, std::uint32_t options) override;
     void performAfterDelay(double seconds, std::function<void()> call) override;
+    bool runAlert(const Alert& alert) override;
+    void terminate() override;
     void log(std::string_view line) override;
 
   private:
+    id controller_;
     CocoaUserDefaults userDefaults_;
     CocoaFileManager fileManager_;
+    CocoaWorkspace workspace_;
+    CocoaWeb web_;
+    CocoaResources resources_{*this, controller_};
     CocoaMenu mainMenu_;
     CocoaWindow keyWindow_;
     CocoaWindow mainWindow_;

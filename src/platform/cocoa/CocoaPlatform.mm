@@ -11,6 +11,16 @@ std::optional<std::string> CocoaPlatform::bundleIdentifier() const {
     return identifier != nil ? std::optional(toString(identifier)) : std::nullopt;
 }
 
+std::string CocoaPlatform::bundlePath() const {
+    return toString([[NSBundle mainBundle] bundlePath]);
+}
+
+std::string CocoaPlatform::localizedString(std::string_view key) const {
+    return toString([[NSBundle mainBundle] localizedStringForKey:toNSString(key)
+                                                           value:@""
+                                                           table:nil]);
+}
+
 Menu& CocoaPlatform::mainMenu() {
     return mainMenu_.bind([NSApp mainMenu]);
 }
@@ -41,6 +51,14 @@ void CocoaPlatform::showSearchWindow(std::string_view text, std::uint32_t option
 
 void CocoaPlatform::performAfterDelay(double seconds, std::function<void()> call) {
     performLater(seconds, std::move(call));
+}
+
+bool CocoaPlatform::runAlert(const Alert& alert) {
+    return native::runAlert(alert);
+}
+
+void CocoaPlatform::terminate() {
+    [NSApp terminate:controller_];
 }
 
 void CocoaPlatform::log(std::string_view line) {

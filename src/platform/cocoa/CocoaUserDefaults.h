@@ -12,6 +12,7 @@ class CocoaUserDefaults final : public UserDefaults {
     [[nodiscard]] std::optional<PropertyList> objectForKey(std::string_view key) const override;
     void setInteger(std::int64_t value, std::string_view key) override;
     void setBool(bool value, std::string_view key) override;
+    void setObject(const PropertyList& value, std::string_view key) override;
 };
 
 } // namespace vistrel::cocoa

@@ -34,4 +34,8 @@ void CocoaUserDefaults::setBool(bool value, std::string_view key) {
     [standard() setBool:value ? YES : NO forKey:toNSString(key)];
 }
 
+void CocoaUserDefaults::setObject(const PropertyList& value, std::string_view key) {
+    [standard() setObject:toObject(value) forKey:toNSString(key)];
+}
+
 } // namespace vistrel::cocoa

@@ -30,6 +30,7 @@ class CocoaWindow final : public Window {
     void center() override;
     void setLevel(std::int64_t level) override;
     void setCollectionBehavior(std::uint64_t behavior) override;
+    void makeKeyAndOrderFront() override;
 
   private:
     NSWindow* window_ = nil;

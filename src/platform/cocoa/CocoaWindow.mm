@@ -47,4 +47,8 @@ void CocoaWindow::setCollectionBehavior(std::uint64_t behavior) {
     [window_ setCollectionBehavior:static_cast<NSWindowCollectionBehavior>(behavior)];
 }
 
+void CocoaWindow::makeKeyAndOrderFront() {
+    [window_ makeKeyAndOrderFront:nil];
+}
+
 } // namespace vistrel::cocoa

@@ -20,6 +20,13 @@
 
 // The actions of the menu items. Each takes the sender, which is not looked at.
 
+- (void)about:(id)sender;
+- (void)openWebsite:(id)sender;
+- (void)updates:(id)sender;
+- (void)quorvix:(id)sender;
+- (void)preferences:(id)sender;
+- (void)saveWind:(id)sender;
+- (void)restoreWind:(id)sender;
 - (void)left:(id)sender;
 - (void)right:(id)sender;
 - (void)threeL:(id)sender;
@@ -32,5 +39,9 @@
 - (void)doFullscreen:(id)sender;
 - (void)makeLionFullscreen:(id)sender;
 - (void)spotlight:(id)sender;
+
+/// Where the active application is the Finder, quits the host and has it opened again. No menu item
+/// leads here.
+- (void)restartFinder;
 
 @end

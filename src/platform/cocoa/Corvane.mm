@@ -54,6 +54,34 @@ void perform(Action action) {
     return static_cast<vistrel::cocoa::CocoaMenuItem&>(item).item();
 }
 
+- (void)about:(id)sender {
+    perform(&vistrel::Corvane::about);
+}
+
+- (void)openWebsite:(id)sender {
+    perform(&vistrel::Corvane::openWebsite);
+}
+
+- (void)updates:(id)sender {
+    perform(&vistrel::Corvane::updates);
+}
+
+- (void)quorvix:(id)sender {
+    perform(&vistrel::Corvane::quorvix);
+}
+
+- (void)preferences:(id)sender {
+    perform(&vistrel::Corvane::preferences);
+}
+
+- (void)saveWind:(id)sender {
+    perform(&vistrel::Corvane::saveWind);
+}
+
+- (void)restoreWind:(id)sender {
+    perform(&vistrel::Corvane::restoreWind);
+}
+
 - (void)left:(id)sender {
     perform(&vistrel::Corvane::left);
 }
@@ -100,6 +128,10 @@ void perform(Action action) {
 
 - (void)spotlight:(id)sender {
     perform(&vistrel::Corvane::spotlight);
+}
+
+- (void)restartFinder {
+    perform(&vistrel::Corvane::restartFinder);
 }
 
 @end

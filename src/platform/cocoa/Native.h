@@ -1,12 +1,15 @@
 #pragma once
 
+#include "core/Alert.h"
 #include "core/SystemUIMode.h"
 
 #import <AppKit/AppKit.h>
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 /// What GNUstep and macOS do each in their own way. NativeGNUstep.mm or NativeMacOS.mm is built,
 /// never both. Windows may be nil everywhere; nothing happens then, and the answer is zero.
@@ -44,5 +47,21 @@ void setSystemUIMode(SystemUIMode mode);
 
 /// HISearchWindowShow: opens the system's search window, or says in the log why there is none.
 void showSearchWindow(std::string_view text, std::uint32_t options);
+
+/// NSRunAlertPanel: shows the alert and waits for the user. Answers whether the default button
+/// ended it.
+bool runAlert(const Alert& alert);
+
+/// The display name of the application that is in front, or nil.
+NSString* activeApplicationName();
+
+/// Opens `url` in the user's browser; does not wait for it.
+void openURL(NSURL* url);
+
+/// Starts a program that outlives the host; does not wait for it.
+void launch(const std::string& path, const std::vector<std::string>& arguments);
+
+/// The text at `url`, or nullopt when it cannot be had or is not UTF-8. Waits for it.
+std::optional<std::string> textAtURL(const std::string& url);
 
 } // namespace vistrel::cocoa::native

@@ -6,6 +6,7 @@
 #import "platform/cocoa/LevelGNUstep.h"
 #import "platform/cocoa/ReturnKeyGNUstep.h"
 #include "platform/cocoa/SearchToolGNUstep.h"
+#include "platform/posix/DetachedProcess.h"
 
 namespace vistrel::cocoa::native {
 
@@ -56,6 +57,32 @@ void showSearchWindow(std::string_view text, std::uint32_t options) {
     NSString* own = [[NSUserDefaults standardUserDefaults] stringForKey:@"VTRSearchTool"];
     if (const auto problem = gnustep::showSearchWindow(text, options, toString(own)))
         NSLog(@"%@", toNSString(*problem));
+}
+
+bool runAlert(const Alert& alert) {
+    NSString* alternate = alert.alternateButton.empty() ? nil : toNSString(alert.alternateButton);
+    return NSRunAlertPanel(toNSString(alert.title), @"%@", toNSString(alert.defaultButton),
+                           alternate, nil, toNSString(alert.message)) == NSAlertDefaultReturn;
+}
+
+/// The workspace would start another program to find out. Whoever asks here does so for a command
+/// that the user has just chosen in the host, so the host is in front.
+NSString* activeApplicationName() {
+    return [[NSProcessInfo processInfo] processName];
+}
+
+void openURL(NSURL* url) {
+    posix::startDetached({"/usr/bin/xdg-open", toString([url absoluteString])});
+}
+
+void launch(const std::string& path, const std::vector<std::string>& arguments) {
+    std::vector<std::string> command{path};
+    command.insert(command.end(), arguments.begin(), arguments.end());
+    posix::startDetached(command);
+}
+
+std::optional<std::string> textAtURL(const std::string&) {
+    return std::nullopt;
 }
 
 } // namespace vistrel::cocoa::native

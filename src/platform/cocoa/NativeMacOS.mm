@@ -76,4 +76,32 @@ void showSearchWindow(std::string_view text, std::uint32_t options) {
         NSLog(@"Vistrel: this system has no search window to open");
 }
 
+bool runAlert(const Alert& alert) {
+    NSString* alternate = alert.alternateButton.empty() ? nil : toNSString(alert.alternateButton);
+    return NSRunAlertPanel(toNSString(alert.title), @"%@", toNSString(alert.defaultButton),
+                           alternate, nil, toNSString(alert.message)) == NSAlertDefaultReturn;
+}
+
+NSString* activeApplicationName() {
+    return [[[NSWorkspace sharedWorkspace] activeApplication] objectForKey:@"NSApplicationName"];
+}
+
+void openURL(NSURL* url) {
+    [[NSWorkspace sharedWorkspace] openURL:url];
+}
+
+void launch(const std::string& path, const std::vector<std::string>& arguments) {
+    auto* const list = [NSMutableArray array];
+    for (const auto& argument : arguments)
+        [list addObject:toNSString(argument)];
+    [NSTask launchedTaskWithLaunchPath:toNSString(path) arguments:list];
+}
+
+std::optional<std::string> textAtURL(const std::string& url) {
+    NSString* text = [NSString stringWithContentsOfURL:[NSURL URLWithString:toNSString(url)]
+                                              encoding:NSUTF8StringEncoding
+                                                 error:NULL];
+    return text != nil ? std::optional(toString(text)) : std::nullopt;
+}
+
 } // namespace vistrel::cocoa::native

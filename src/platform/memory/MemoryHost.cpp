@@ -8,6 +8,12 @@ namespace vistrel::memory {
 MemoryHost::MemoryHost(MemoryDesktop& desktop, bool separatorsHaveOwnClass)
     : desktop_(desktop), separatorsHaveOwnClass_(separatorsHaveOwnClass) {}
 
+std::string MemoryHost::localizedString(std::string_view textKey) const {
+    calls.record("localizedString ", textKey);
+    const auto found = strings.find(textKey);
+    return found != strings.end() ? found->second : std::string(textKey);
+}
+
 Menu& MemoryHost::mainMenu() {
     calls.record("mainMenu");
     if (mainMenu_)
@@ -50,6 +56,18 @@ void MemoryHost::showSearchWindow(std::string_view text, std::uint32_t options) 
 void MemoryHost::performAfterDelay(double seconds, std::function<void()> call) {
     calls.record("performAfterDelay ", seconds);
     desktop_.clock.add(seconds, std::move(call));
+}
+
+bool MemoryHost::runAlert(const Alert& alert) {
+    calls.record("runAlert ", alert.title);
+    alerts.push_back(alert);
+    if (duringAlert)
+        duringAlert();
+    return acceptsAlerts;
+}
+
+void MemoryHost::terminate() {
+    calls.record("terminate");
 }
 
 void MemoryHost::log(std::string_view line) {

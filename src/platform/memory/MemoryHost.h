@@ -5,9 +5,14 @@
 #include "platform/memory/MemoryDesktop.h"
 #include "platform/memory/MemoryFileManager.h"
 #include "platform/memory/MemoryMenu.h"
+#include "platform/memory/MemoryResources.h"
 #include "platform/memory/MemoryUserDefaults.h"
+#include "platform/memory/MemoryWeb.h"
 #include "platform/memory/MemoryWindow.h"
+#include "platform/memory/MemoryWorkspace.h"
 
+#include <functional>
+#include <map>
 #include <memory>
 #include <vector>
 
@@ -26,10 +31,19 @@ class MemoryHost final : public Platform, public Application {
 
     FileManager& fileManager() override { return fileManager_; }
 
+    MemoryWorkspace& workspace() override { return workspace_; }
+
+    MemoryWeb& web() override { return web_; }
+
+    MemoryResources& resources() override { return resources_; }
+
     [[nodiscard]] std::optional<std::string> bundleIdentifier() const override {
         return identifier;
     }
 
+    [[nodiscard]] std::string bundlePath() const override { return path; }
+
+    [[nodiscard]] std::string localizedString(std::string_view textKey) const override;
     Menu& mainMenu() override;
     Window& keyWindow() override;
     Window& mainWindow() override;
@@ -38,6 +52,8 @@ class MemoryHost final : public Platform, public Application {
     [[nodiscard]] std::int32_t windowLevelForKey(std::int32_t levelKey) const override;
     void showSearchWindow(std::string_view text, std::uint32_t options) override;
     void performAfterDelay(double seconds, std::function<void()> call) override;
+    bool runAlert(const Alert& alert) override;
+    void terminate() override;
     void log(std::string_view line) override;
 
     /// Gives the host an empty main menu.
@@ -53,6 +69,14 @@ class MemoryHost final : public Platform, public Application {
 
     mutable CallLog calls;
     std::optional<std::string> identifier;
+    std::string path = "/Applications/Host.app";
+    /// The host's string table.
+    std::map<std::string, std::string, std::less<>> strings;
+    /// The alerts that were shown, and how the user answers them: with the default button or not.
+    std::vector<Alert> alerts;
+    bool acceptsAlerts = true;
+    /// Called while an alert is shown.
+    std::function<void()> duringAlert;
     MemoryWindow* key = nullptr;
     MemoryWindow* main = nullptr;
     SystemUIMode systemUIMode;
@@ -64,6 +88,9 @@ class MemoryHost final : public Platform, public Application {
     bool separatorsHaveOwnClass_;
     MemoryUserDefaults userDefaults_{calls};
     MemoryFileManager fileManager_{desktop_, calls};
+    MemoryWorkspace workspace_{calls};
+    MemoryWeb web_{calls};
+    MemoryResources resources_{*this, calls, desktop_};
     std::unique_ptr<MemoryMenu> mainMenu_;
     std::vector<std::unique_ptr<MemoryWindow>> windows_;
 };

@@ -28,4 +28,9 @@ void MemoryUserDefaults::setBool(bool value, std::string_view key) {
     values.set(key, value);
 }
 
+void MemoryUserDefaults::setObject(const PropertyList& value, std::string_view key) {
+    log_.record("setObject ", key);
+    values.set(key, value);
+}
+
 } // namespace vistrel::memory

@@ -15,6 +15,7 @@ class MemoryUserDefaults final : public UserDefaults {
     [[nodiscard]] std::optional<PropertyList> objectForKey(std::string_view key) const override;
     void setInteger(std::int64_t value, std::string_view key) override;
     void setBool(bool value, std::string_view key) override;
+    void setObject(const PropertyList& value, std::string_view key) override;
 
     /// What is stored. A test writes here what a user or another program would have stored.
     Dictionary values;

@@ -55,4 +55,8 @@ void MemoryWindow::setCollectionBehavior(std::uint64_t behavior) {
     collectionBehavior = behavior;
 }
 
+void MemoryWindow::makeKeyAndOrderFront() {
+    log_.record(name_, " makeKeyAndOrderFront");
+}
+
 } // namespace vistrel::memory

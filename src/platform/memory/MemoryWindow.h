@@ -40,6 +40,7 @@ class MemoryWindow final : public Window {
     void center() override;
     void setLevel(std::int64_t newLevel) override;
     void setCollectionBehavior(std::uint64_t behavior) override;
+    void makeKeyAndOrderFront() override;
 
     std::int64_t level = 0;
     std::uint64_t collectionBehavior = 0;

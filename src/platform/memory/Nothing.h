@@ -24,6 +24,8 @@ class NoWindow final : public Window {
     void setLevel(std::int64_t) override {}
 
     void setCollectionBehavior(std::uint64_t) override {}
+
+    void makeKeyAndOrderFront() override {}
 };
 
 class NoMenuItem final : public MenuItem {

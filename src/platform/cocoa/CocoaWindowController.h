@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/Platform.h"
+#include "platform/cocoa/CocoaWindow.h"
+
+namespace vistrel::cocoa {
+
+/// Stands for the controller of one of the bundle's windows, which lives as long as the process, or
+/// for nothing while that is nil.
+class CocoaWindowController final : public WindowController {
+  public:
+    /// `sender` is who asks for the window to be shown.
+    void bind(NSWindowController* controller, id sender) {
+        controller_ = controller;
+        sender_ = sender;
+    }
+
+    Window& window() override { return window_.bind([controller_ window]); }
+
+    void showWindow() override { [controller_ showWindow:sender_]; }
+
+  private:
+    NSWindowController* controller_ = nil;
+    id sender_ = nil;
+    CocoaWindow window_;
+};
+
+} // namespace vistrel::cocoa

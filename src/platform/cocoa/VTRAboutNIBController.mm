@@ -1,0 +1,43 @@
+#import "platform/cocoa/VTRAboutNIBController.h"
+
+#import "platform/cocoa/Guard.h"
+
+@implementation VTRAboutNIBController
+
+- (id)initWithPlatform:(vistrel::Platform&)platform {
+    self = [super initWithWindowNibName:@"VTRAbout"];
+    if (self == nil)
+        return nil;
+    core.emplace(platform, outlets);
+    core->init();
+    return self;
+}
+
+/// The interface file connects the window by this method rather than by the variable.
+- (void)setWindow:(NSWindow*)loaded {
+    [super setWindow:loaded];
+    window = loaded;
+}
+
+- (void)awakeFromNib {
+    outlets.connectWindow(window);
+    vistrel::cocoa::runGuarded([self] { core->awakeFromNib(); });
+}
+
+- (IBAction)openManuals:(id)sender {
+    vistrel::cocoa::runGuarded([self] { core->openManuals(); });
+}
+
+- (IBAction)openQuorvix:(id)sender {
+    vistrel::cocoa::runGuarded([self] { core->openQuorvix(); });
+}
+
+- (IBAction)openSupport:(id)sender {
+    vistrel::cocoa::runGuarded([self] { core->openSupport(); });
+}
+
+- (IBAction)openACK:(id)sender {
+    vistrel::cocoa::runGuarded([self] { core->openACK(); });
+}
+
+@end
