@@ -47,9 +47,8 @@ bool Corvane::restoreSavedFrame() {
     const auto key = savedFrameKey();
     if (!savedText(platform_.userDefaults(), key))
         return false;
-    auto& window = application().keyWindow();
     const auto text = savedText(platform_.userDefaults(), key).value_or("");
-    window.setFrameAnimated(rectFromText(text));
+    application().keyWindow().setFrameAnimated(rectFromText(text));
     return true;
 }
 

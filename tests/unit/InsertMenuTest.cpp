@@ -58,6 +58,7 @@ const std::vector<std::string> everyStep{
     "integerForKey windowMode",
     "boolForKey vtrDisplaySetupBool",
     "objectForKey vtr_savedWindowRect1",
+    "objectForKey vtr_savedWindowRect1",
     "keyWindow",
     "window setFrameAnimated {{1, 2}, {3, 4}}",
     "keyWindow",

@@ -273,6 +273,41 @@ void startRestore(Model& model) {
         setKeyFrame(model, saved->second);
 }
 
+void saveWind(Model& model) {
+    const Rect frame = keyFrame(model);
+    countScreens(model);
+    std::string message = "Current window frame successfully saved.";
+    if (model.vtrDisplaySetupBool)
+        message = "Current window frame successfully saved for setup with " + model.screensString +
+                  " display(s).";
+    const std::string key = "vtr_savedWindowRect" + model.screensString;
+    model.requests.push_back("setObject " + key);
+    model.savedFrames[key] = frame;
+    model.requests.emplace_back("localizedString Success!");
+    model.requests.push_back("runAlert \"Success!\" \"" + message + "\" [OK] []");
+}
+
+void restoreWind(Model& model) {
+    countScreens(model);
+    const std::string key = "vtr_savedWindowRect" + model.screensString;
+    const auto saved = model.savedFrames.find(key);
+    if (saved != model.savedFrames.end()) {
+        setKeyFrame(model, saved->second);
+    } else {
+        const std::string message = "You've yet not saved a window frame for this application.";
+        model.requests.emplace_back("localizedString Error!");
+        model.requests.push_back("localizedString " + message);
+        model.requests.push_back("runAlert \"Error!\" \"" + message + "\" [OK] []");
+    }
+    model.isFullscreen = false;
+    setMarkBelowZoom(model, 6, false);
+    model.isLeft = false;
+    model.isRight = false;
+    model.isThreeL = false;
+    model.isThreeM = false;
+    model.isThreeR = false;
+}
+
 void left(Model& model) {
     if (!model.isLeft) {
         model.rectLeft = keyFrame(model);

@@ -94,6 +94,8 @@ struct Model {
 
 void insertMenu(Model& model);
 void startRestore(Model& model);
+void saveWind(Model& model);
+void restoreWind(Model& model);
 
 void left(Model& model);
 void right(Model& model);

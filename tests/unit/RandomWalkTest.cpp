@@ -201,6 +201,8 @@ constexpr std::array commandSteps{
     CommandStep{"makeLionFullscreen", &Corvane::makeLionFullscreen, literal::makeLionFullscreen},
     CommandStep{"spotlight", &Corvane::spotlight, literal::spotlight},
     CommandStep{"startRestore", &Corvane::startRestore, literal::startRestore},
+    CommandStep{"saveWind", &Corvane::saveWind, literal::saveWind},
+    CommandStep{"restoreWind", &Corvane::restoreWind, literal::restoreWind},
 };
 
 // What the core asked of the host.

@@ -59,7 +59,8 @@ void MemoryHost::performAfterDelay(double seconds, std::function<void()> call) {
 }
 
 bool MemoryHost::runAlert(const Alert& alert) {
-    calls.record("runAlert ", alert.title);
+    calls.record("runAlert \"", alert.title, "\" \"", alert.message, "\" [", alert.defaultButton,
+                 "] [", alert.alternateButton, "]");
     alerts.push_back(alert);
     if (duringAlert)
         duringAlert();
