@@ -41,17 +41,28 @@ void perform(Action action) {
 }
 
 + (BOOL)bundleWorksHere {
-    return bundle().corvane.bundleWorksHere(bundle().platform) ? YES : NO;
+    bool works = false;
+    vistrel::cocoa::runGuarded(
+        [&works] { works = bundle().corvane.bundleWorksHere(bundle().platform); });
+    return works ? YES : NO;
 }
 
 + (NSMenu*)windowMenu {
-    auto& menu = vistrel::windowMenu(bundle().platform);
-    return static_cast<vistrel::cocoa::CocoaMenu&>(menu).menu();
+    NSMenu* menu = nil;
+    vistrel::cocoa::runGuarded([&menu] {
+        auto& found = vistrel::windowMenu(bundle().platform);
+        menu = static_cast<vistrel::cocoa::CocoaMenu&>(found).menu();
+    });
+    return menu;
 }
 
 + (NSMenuItem*)zoomMenuItem {
-    auto& item = vistrel::zoomMenuItem(bundle().platform);
-    return static_cast<vistrel::cocoa::CocoaMenuItem&>(item).item();
+    NSMenuItem* item = nil;
+    vistrel::cocoa::runGuarded([&item] {
+        auto& found = vistrel::zoomMenuItem(bundle().platform);
+        item = static_cast<vistrel::cocoa::CocoaMenuItem&>(found).item();
+    });
+    return item;
 }
 
 - (void)about:(id)sender {

@@ -32,17 +32,18 @@ std::optional<Data> dataFromBase64(std::string_view text) {
     std::uint32_t bits = 0;
     int count = 0;
     int characters = 0;
-    bool isPadded = false;
+    int padding = 0;
     for (const char c : text) {
         if (std::string_view(" \t\r\n").find(c) != std::string_view::npos)
             continue;
         ++characters;
-        isPadded = isPadded || c == '=';
-        const auto value = alphabet.find(c);
-        if (isPadded ? c != '=' : value == std::string_view::npos)
-            return std::nullopt;
-        if (isPadded)
+        if (c == '=') {
+            ++padding;
             continue;
+        }
+        const auto value = alphabet.find(c);
+        if (padding > 0 || value == std::string_view::npos)
+            return std::nullopt;
         bits = (bits << 6U) | static_cast<std::uint32_t>(value);
         count += 6;
         if (count >= 8) {
@@ -50,7 +51,7 @@ std::optional<Data> dataFromBase64(std::string_view text) {
             data.push_back(static_cast<std::byte>((bits >> static_cast<unsigned>(count)) & 255U));
         }
     }
-    return characters % 4 == 0 ? std::optional(data) : std::nullopt;
+    return characters % 4 == 0 && padding <= 2 ? std::optional(data) : std::nullopt;
 }
 
 } // namespace vistrel::posix

@@ -7,6 +7,7 @@
 #include <libxml/tree.h>
 #include <memory>
 #include <system_error>
+#include <utility>
 
 namespace vistrel::posix {
 
@@ -51,7 +52,22 @@ template <typename Number> std::optional<PropertyList> number(std::string_view t
     return value;
 }
 
+/// The positive number in hexadecimal digits that `text` is behind "0x".
+std::optional<PropertyList> hexadecimal(std::string_view text) {
+    std::uint64_t value = 0;
+    const auto* const last = text.data() + text.size();
+    const auto [end, error] = std::from_chars(text.data(), last, value, 16);
+    if (error != std::errc{} || end != last)
+        return std::nullopt;
+    if (std::in_range<std::int64_t>(value))
+        return static_cast<std::int64_t>(value);
+    return value;
+}
+
 std::optional<PropertyList> integer(std::string_view text) {
+    text = trimmed(text);
+    if (text.starts_with("0x") || text.starts_with("0X"))
+        return hexadecimal(text.substr(2));
     if (auto value = number<std::int64_t>(text))
         return value;
     return number<std::uint64_t>(text);
