@@ -6,6 +6,9 @@ target_compile_options(vistrel_flags INTERFACE
 # A description is written with the members that matter; the others have defaults.
 target_compile_options(vistrel_flags INTERFACE -Wno-missing-field-initializers)
 
+if(VISTREL_FUZZ)
+    add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
 if(VISTREL_SANITIZE)
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
     add_link_options(-fsanitize=address,undefined)

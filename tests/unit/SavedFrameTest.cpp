@@ -310,8 +310,8 @@ TEST_P(RestoringEnds, TheLayoutAlsoWhenNothingIsSaved) {
 }
 
 TEST_P(RestoringEnds, TheLayoutOnlyAfterTheAlertIsDismissed) {
-    const auto [toggle, flag] = GetParam();
-    (controller().*toggle)();
+    const auto flag = GetParam().second;
+    (controller().*GetParam().first)();
     bool duringAlert = false;
     it.host.duringAlert = [&] { duringAlert = it.fields().*flag; };
     controller().restoreWind();
