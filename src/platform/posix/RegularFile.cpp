@@ -1,8 +1,9 @@
 #include "platform/posix/RegularFile.h"
 
+#include "platform/posix/Descriptor.h"
+#include "platform/posix/TemporaryFile.h"
+
 #include <cerrno>
-#include <cstdio>
-#include <cstdlib>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -11,28 +12,6 @@
 namespace vistrel::posix {
 
 namespace {
-
-class Descriptor {
-  public:
-    explicit Descriptor(int number) : number_(number) {}
-
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    Descriptor(Descriptor&&) = delete;
-    Descriptor& operator=(Descriptor&&) = delete;
-
-    ~Descriptor() {
-        if (number_ >= 0)
-            ::close(number_);
-    }
-
-    [[nodiscard]] bool isOpen() const { return number_ >= 0; }
-
-    [[nodiscard]] int number() const { return number_; }
-
-  private:
-    int number_;
-};
 
 bool readAll(int file, std::string& content) {
     std::size_t done = 0;
@@ -108,17 +87,12 @@ bool replaceFile(const std::string& path, std::string_view content) {
     const auto target = targetOf(path);
     if (target.empty())
         return false;
-    auto temporary = target + ".XXXXXX";
-    const Descriptor file(::mkostemp(temporary.data(), O_CLOEXEC));
-    if (!file.isOpen())
-        return false;
-    const bool isReplaced = writeAll(file.number(), content) &&
+    TemporaryFile file(target);
+    const bool isReplaced = file.isOpen() && writeAll(file.number(), content) &&
                             keepPermissions(file.number(), target) && ::fsync(file.number()) == 0 &&
-                            ::rename(temporary.c_str(), target.c_str()) == 0;
+                            file.takePlace();
     if (isReplaced)
         flushFolderOf(target);
-    else
-        ::unlink(temporary.c_str());
     return isReplaced;
 }
 

@@ -16,7 +16,7 @@ std::optional<std::string> readRegularFile(const std::string& path, std::size_t 
 /// interrupted, finds the old content or the new one, whole. The new content has reached the disk
 /// when this answers true. A symbolic link stays and its target is written; an existing file keeps
 /// its permissions and a new one is for its user alone. On failure the old file is as it was and
-/// nothing is left behind.
+/// nothing is left behind; what a killed writer leaves behind is taken up by the next one.
 bool replaceFile(const std::string& path, std::string_view content);
 
 } // namespace vistrel::posix
