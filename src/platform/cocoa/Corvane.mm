@@ -3,6 +3,7 @@
 #import "core/CorvaneClass.h"
 #import "platform/cocoa/CocoaPlatform.h"
 #import "platform/cocoa/Guard.h"
+#import "platform/cocoa/Native.h"
 
 #if __has_feature(objc_arc)
 #error "Vistrel counts references by hand, the same way on both systems; build it without ARC."
@@ -63,6 +64,11 @@ void perform(Action action) {
         item = static_cast<vistrel::cocoa::CocoaMenuItem&>(found).item();
     });
     return item;
+}
+
+/// While an alert is up it is the key window, which a command would move, or save the frame of.
+- (BOOL)validateMenuItem:(NSMenuItem*)item {
+    return vistrel::cocoa::native::isRunningAlert() ? NO : YES;
 }
 
 - (void)about:(id)sender {

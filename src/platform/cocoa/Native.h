@@ -52,6 +52,9 @@ void showSearchWindow(std::string_view text, std::uint32_t options);
 /// ended it.
 bool runAlert(const Alert& alert);
 
+/// Whether an alert of ours is up, and the host's menu must not send it the bundle's commands.
+bool isRunningAlert();
+
 /// The display name of the application that is in front, or nil.
 NSString* activeApplicationName();
 

@@ -1,5 +1,6 @@
 #import "platform/cocoa/Native.h"
 
+#import "platform/cocoa/AlertGNUstep.h"
 #import "platform/cocoa/Convert.h"
 #import "platform/cocoa/FrameGNUstep.h"
 #import "platform/cocoa/HidingGNUstep.h"
@@ -60,9 +61,11 @@ void showSearchWindow(std::string_view text, std::uint32_t options) {
 }
 
 bool runAlert(const Alert& alert) {
-    NSString* alternate = alert.alternateButton.empty() ? nil : toNSString(alert.alternateButton);
-    return NSRunAlertPanel(toNSString(alert.title), @"%@", toNSString(alert.defaultButton),
-                           alternate, nil, toNSString(alert.message)) == NSAlertDefaultReturn;
+    return gnustep::runAlert(alert);
+}
+
+bool isRunningAlert() {
+    return gnustep::isRunningAlert();
 }
 
 /// The workspace would start another program to find out. Whoever asks here does so for a command

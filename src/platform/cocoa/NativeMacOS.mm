@@ -82,6 +82,11 @@ bool runAlert(const Alert& alert) {
                            alternate, nil, toNSString(alert.message)) == NSAlertDefaultReturn;
 }
 
+/// The platform itself sends no menu item's action past an alert.
+bool isRunningAlert() {
+    return false;
+}
+
 NSString* activeApplicationName() {
     return [[[NSWorkspace sharedWorkspace] activeApplication] objectForKey:@"NSApplicationName"];
 }

@@ -47,8 +47,12 @@ NSNumber* identifierOfXServer(NSWindow* window);
 /// A rectangle as [x, y, width, height], in the platform's own coordinates.
 NSArray* numbers(NSRect rect);
 
+/// The same in those of the X server, whose rows run down from the top.
+NSArray* rowsFromTop(NSRect rect);
+
 NSDictionary* mainMenu();
 NSDictionary* windows();
+NSDictionary* modalWindow();
 NSDictionary* screens();
 NSDictionary* userDefault(NSString* key);
 NSDictionary* classes(NSString* prefix);
@@ -56,5 +60,9 @@ NSDictionary* classes(NSString* prefix);
 /// Gives the class named before the blank in `argument` an action method, named behind it, that
 /// does nothing, so that items with that action can be chosen. A method that is there stays.
 NSDictionary* addStandIn(NSString* argument);
+
+/// Has the target of the menus' items that is of the class named before the blank in `argument`
+/// perform the method named behind it, which takes nothing, in the host's next turn.
+NSDictionary* perform(NSString* argument);
 
 } // namespace probe

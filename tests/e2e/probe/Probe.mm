@@ -1,5 +1,6 @@
 // The principal class: which request goes to which subject. The probe only
-// looks; the one thing it does is `quit`, the same as the user's Quit item.
+// looks; it does no more than `quit`, the same as the user's Quit item, and
+// `perform`, for what no item of the menus does.
 #import "Probe.h"
 
 #include <cstdlib>
@@ -82,6 +83,8 @@
         return probe::mainMenu();
     if ([name isEqualToString:@"windows"])
         return probe::windows();
+    if ([name isEqualToString:@"modal-window"])
+        return probe::modalWindow();
     if ([name isEqualToString:@"screens"])
         return probe::screens();
     if ([name isEqualToString:@"default"])
@@ -90,6 +93,8 @@
         return probe::classes(argument);
     if ([name isEqualToString:@"stand-in"])
         return probe::addStandIn(argument);
+    if ([name isEqualToString:@"perform"])
+        return probe::perform(argument);
     if ([name isEqualToString:@"quit"])
         return [self quit];
     return @{@"error" : [@"unknown request: " stringByAppendingString:name]};
@@ -125,6 +130,16 @@ NSNumber* identifierOfXServer(NSWindow* window) {
 
 NSArray* numbers(NSRect rect) {
     return @[ @(NSMinX(rect)), @(NSMinY(rect)), @(NSWidth(rect)), @(NSHeight(rect)) ];
+}
+
+// The X server counts rows from the top of its whole screen. The monitors'
+// highest edge is that top, in the platform's coordinates.
+NSArray* rowsFromTop(NSRect rect) {
+    CGFloat top = 0;
+    for (NSScreen* screen in [NSScreen screens])
+        top = MAX(top, NSMaxY([screen frame]));
+    rect.origin.y = top - NSMaxY(rect);
+    return numbers(rect);
 }
 
 } // namespace probe

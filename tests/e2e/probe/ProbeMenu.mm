@@ -8,20 +8,6 @@ constexpr int deepestMenu = 8;
 
 NSDictionary* describe(NSMenu* menu, int depth);
 
-// The X server counts rows from the top of its whole screen. The monitors'
-// highest edge is that top, in the platform's coordinates.
-CGFloat topOfAllScreens() {
-    CGFloat top = 0;
-    for (NSScreen* screen in [NSScreen screens])
-        top = MAX(top, NSMaxY([screen frame]));
-    return top;
-}
-
-NSArray* rowsFromTop(NSRect rect) {
-    rect.origin.y = topOfAllScreens() - NSMaxY(rect);
-    return probe::numbers(rect);
-}
-
 bool isOnScreen(NSMenuView* view) {
     NSWindow* window = [view window];
     return window && [window isVisible] && [window windowNumber] > 0 &&
@@ -69,7 +55,7 @@ NSMenuView* visibleView(NSMenu* menu) {
 }
 
 id itemRect(NSMenuView* view, NSInteger index) {
-    return probe::orNull(view ? rowsFromTop(onScreen(view, [view rectOfItemAtIndex:index])) : nil);
+    return probe::orNull(view ? probe::rowsFromTop(onScreen(view, [view rectOfItemAtIndex:index])) : nil);
 }
 
 NSDictionary* describeItem(NSMenu* menu, NSMenuView* view, NSInteger index, int depth) {
@@ -110,7 +96,7 @@ id describeWindow(NSWindow* window) {
         return [NSNull null];
     return @{
         @"xid" : probe::identifierOfXServer(window),
-        @"rect" : rowsFromTop([window frame]),
+        @"rect" : probe::rowsFromTop([window frame]),
     };
 }
 
@@ -124,7 +110,7 @@ NSDictionary* describe(NSMenu* menu, int depth) {
         @"tornOff" : probe::flag([menu isTornOff]),
         @"horizontal" : probe::flag([view isHorizontal]),
         @"highlighted" : @(view ? [view highlightedItemIndex] : -1),
-        @"rect" : probe::orNull(view ? rowsFromTop(onScreen(view, [view bounds])) : nil),
+        @"rect" : probe::orNull(view ? probe::rowsFromTop(onScreen(view, [view bounds])) : nil),
         @"window" : describeWindow([view window]),
         @"items" : describeItems(menu, view, depth),
     };

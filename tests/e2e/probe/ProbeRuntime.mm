@@ -29,6 +29,16 @@ id encodingOf(id value) {
 
 void doNothing(id, SEL, id) {}
 
+id targetIn(NSMenu* menu, Class wanted) {
+    for (NSInteger index = 0; index < [menu numberOfItems]; ++index) {
+        id<NSMenuItem> item = [menu itemAtIndex:index];
+        id target = [item hasSubmenu] ? targetIn([item submenu], wanted) : [item target];
+        if (target && [target isKindOfClass:wanted])
+            return target;
+    }
+    return nil;
+}
+
 } // namespace
 
 namespace probe {
@@ -65,6 +75,16 @@ NSDictionary* addStandIn(NSString* argument) {
     SEL action = sel_registerTypedName([[words lastObject] UTF8String], "v@:@");
     const BOOL added = class_addMethod(owner, action, reinterpret_cast<IMP>(doNothing), "v@:@");
     return @{@"added" : flag(added)};
+}
+
+NSDictionary* perform(NSString* argument) {
+    NSArray* words = [argument componentsSeparatedByString:@" "];
+    id target = targetIn([NSApp mainMenu], NSClassFromString([words objectAtIndex:0]));
+    SEL action = NSSelectorFromString([words lastObject]);
+    if (![target respondsToSelector:action])
+        return @{@"error" : [@"nobody performs " stringByAppendingString:argument]};
+    [target performSelector:action withObject:nil afterDelay:0];
+    return @{@"performing" : flag(YES)};
 }
 
 } // namespace probe
