@@ -64,6 +64,9 @@ void openURL(NSURL* url);
 /// Starts a program that outlives the host; does not wait for it.
 void launch(const std::string& path, const std::vector<std::string>& arguments);
 
+/// Lets the interface files of `bundle` show its image `name`. Where there is none, they show none.
+void provideImage(NSBundle* bundle, NSString* name);
+
 /// The text at `url`, or nullopt when it cannot be had or is not UTF-8. Waits for it.
 std::optional<std::string> textAtURL(const std::string& url);
 

@@ -84,6 +84,17 @@ void launch(const std::string& path, const std::vector<std::string>& arguments) 
     posix::startDetached(command);
 }
 
+/// An interface file looks for images among those that have a name in this process, and then in the
+/// host's bundle only.
+void provideImage(NSBundle* bundle, NSString* name) {
+    NSString* path = [bundle pathForImageResource:name];
+    if (path == nil || [NSImage imageNamed:name] != nil)
+        return;
+    NSImage* image = [[NSImage alloc] initWithContentsOfFile:path];
+    [image setName:name]; // which retains it
+    [image release];
+}
+
 std::optional<std::string> textAtURL(const std::string&) {
     return std::nullopt;
 }

@@ -102,6 +102,9 @@ void launch(const std::string& path, const std::vector<std::string>& arguments) 
     [NSTask launchedTaskWithLaunchPath:toNSString(path) arguments:list];
 }
 
+/// An interface file finds the images of the bundle that it lies in.
+void provideImage(NSBundle*, NSString*) {}
+
 std::optional<std::string> textAtURL(const std::string& url) {
     NSString* text = [NSString stringWithContentsOfURL:[NSURL URLWithString:toNSString(url)]
                                               encoding:NSUTF8StringEncoding

@@ -1,6 +1,7 @@
 #import "platform/cocoa/VTRAboutNIBController.h"
 
 #import "platform/cocoa/Guard.h"
+#import "platform/cocoa/Native.h"
 
 @implementation VTRAboutNIBController
 
@@ -11,6 +12,11 @@
     core.emplace(platform, outlets);
     core->init();
     return self;
+}
+
+- (void)loadWindow {
+    vistrel::cocoa::native::provideImage([NSBundle bundleForClass:[self class]], @"Vistrel");
+    [super loadWindow];
 }
 
 /// The interface file connects the window by this method rather than by the variable.
