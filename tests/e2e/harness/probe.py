@@ -67,6 +67,9 @@ class Probe:
     def windows(self) -> list[dict[str, Any]]:
         return self.ask("windows")["windows"]
 
+    def controls(self, window: dict[str, Any]) -> list[dict[str, Any]]:
+        return self.ask(f"controls {window['number']}")["controls"]
+
     def screens(self) -> list[dict[str, Any]]:
         return self.ask("screens")["screens"]
 

@@ -47,12 +47,17 @@ NSNumber* identifierOfXServer(NSWindow* window);
 /// A rectangle as [x, y, width, height], in the platform's own coordinates.
 NSArray* numbers(NSRect rect);
 
-/// The same in those of the X server, whose rows run down from the top.
+/// A rectangle on screen as [x, y, width, height], counted as the X server counts.
 NSArray* rowsFromTop(NSRect rect);
 
 NSDictionary* mainMenu();
 NSDictionary* windows();
 NSDictionary* modalWindow();
+
+/// The controls of the window with this number, in the order of its views; none where there is no
+/// such window.
+NSDictionary* controls(NSString* number);
+
 NSDictionary* screens();
 NSDictionary* userDefault(NSString* key);
 NSDictionary* classes(NSString* prefix);

@@ -85,6 +85,8 @@
         return probe::windows();
     if ([name isEqualToString:@"modal-window"])
         return probe::modalWindow();
+    if ([name isEqualToString:@"controls"])
+        return probe::controls(argument);
     if ([name isEqualToString:@"screens"])
         return probe::screens();
     if ([name isEqualToString:@"default"])

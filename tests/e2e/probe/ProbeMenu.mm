@@ -55,7 +55,8 @@ NSMenuView* visibleView(NSMenu* menu) {
 }
 
 id itemRect(NSMenuView* view, NSInteger index) {
-    return probe::orNull(view ? probe::rowsFromTop(onScreen(view, [view rectOfItemAtIndex:index])) : nil);
+    return probe::orNull(view ? probe::rowsFromTop(onScreen(view, [view rectOfItemAtIndex:index]))
+                              : nil);
 }
 
 NSDictionary* describeItem(NSMenu* menu, NSMenuView* view, NSInteger index, int depth) {
