@@ -1,7 +1,8 @@
 # add_cocoa_bundle(TARGET NAME name PRINCIPAL_CLASS class SOURCES file... [RESOURCES file...])
 #
 # Makes the loadable bundle `name`.bundle in ${PROJECT_BINARY_DIR}/bundles: flat for GNUstep,
-# Contents/MacOS for macOS, from one Info.plist template.
+# Contents/MacOS for macOS, from one Info.plist template. Interface files are copied for GNUstep, which
+# reads them as they are, and compiled for macOS, which does not.
 function(add_cocoa_bundle target)
     cmake_parse_arguments(BUNDLE "" "NAME;PRINCIPAL_CLASS" "SOURCES;RESOURCES" ${ARGN})
     add_library(${target} MODULE ${BUNDLE_SOURCES})
@@ -19,8 +20,16 @@ function(add_cocoa_bundle target)
     endif()
     configure_file(${PROJECT_SOURCE_DIR}/resources/Info.plist.in ${info} @ONLY)
     foreach(file ${BUNDLE_RESOURCES})
+        get_filename_component(file ${file} ABSOLUTE)
         get_filename_component(name ${file} NAME)
-        configure_file(${file} ${resources}/${name} COPYONLY)
+        if(APPLE AND name MATCHES "\\.xib$")
+            string(REGEX REPLACE "xib$" "nib" name ${name})
+            add_custom_command(OUTPUT ${resources}/${name}
+                COMMAND ibtool --compile ${resources}/${name} ${file} DEPENDS ${file} VERBATIM)
+            target_sources(${target} PRIVATE ${resources}/${name})
+        else()
+            configure_file(${file} ${resources}/${name} COPYONLY)
+        endif()
     endforeach()
     set_target_properties(${target} PROPERTIES
         PREFIX "" SUFFIX "" OUTPUT_NAME ${BUNDLE_NAME}

@@ -42,6 +42,14 @@ std::int32_t windowLevelForKey(std::int32_t key);
 
 void setLevel(NSWindow* window, NSInteger level);
 
+/// Gives the buttons of `window`, which comes from an interface file, the platform's own look.
+void dressButtons(NSWindow* window);
+
+/// Sees to it that the controls of `window` edit the host defaults as its interface file says: each
+/// change of either shows at once in the other. Answers what has to be kept for as long as they
+/// shall, or nil where the platform needs no help.
+id connectBindings(NSWindow* window);
+
 /// SetSystemUIMode: how much of the system's own interface is shown while the host is active.
 void setSystemUIMode(SystemUIMode mode);
 

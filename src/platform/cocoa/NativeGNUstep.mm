@@ -1,10 +1,12 @@
 #import "platform/cocoa/Native.h"
 
 #import "platform/cocoa/AlertGNUstep.h"
+#import "platform/cocoa/BindingsGNUstep.h"
 #import "platform/cocoa/Convert.h"
 #import "platform/cocoa/FrameGNUstep.h"
 #import "platform/cocoa/HidingGNUstep.h"
 #import "platform/cocoa/LevelGNUstep.h"
+#import "platform/cocoa/LookGNUstep.h"
 #import "platform/cocoa/ReturnKeyGNUstep.h"
 #include "platform/cocoa/SearchToolGNUstep.h"
 #include "platform/posix/DetachedProcess.h"
@@ -47,6 +49,14 @@ std::int32_t windowLevelForKey(std::int32_t key) {
 
 void setLevel(NSWindow* window, NSInteger level) {
     gnustep::setLevel(window, level);
+}
+
+void dressButtons(NSWindow* window) {
+    gnustep::dressButtons(window);
+}
+
+id connectBindings(NSWindow* window) {
+    return gnustep::connectBindings(window);
 }
 
 void setSystemUIMode(SystemUIMode mode) {

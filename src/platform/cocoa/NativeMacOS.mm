@@ -62,6 +62,12 @@ void setLevel(NSWindow* window, NSInteger level) {
     [window setLevel:level];
 }
 
+void dressButtons(NSWindow*) {}
+
+id connectBindings(NSWindow*) {
+    return nil;
+}
+
 void setSystemUIMode(SystemUIMode mode) {
     using Function = std::int32_t (*)(std::uint32_t, std::uint32_t);
     if (const auto function = carbon<Function>("SetSystemUIMode"))

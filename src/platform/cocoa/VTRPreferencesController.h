@@ -14,6 +14,8 @@
     IBOutlet NSWindow* window;
     /// Shows the name of the application whose own settings the window edits.
     IBOutlet NSTextField* appName;
+    /// What connects the controls with the host defaults, where the platform does not.
+    id bindings;
     vistrel::cocoa::CocoaOutlets outlets;
     std::optional<vistrel::VTRPreferencesController> core;
 }

@@ -1,12 +1,14 @@
 #import "platform/cocoa/VTRPreferencesController.h"
 
 #import "platform/cocoa/Guard.h"
+#import "platform/cocoa/Native.h"
 
 @implementation VTRPreferencesController
 
 - (id)initWithPlatform:(vistrel::Platform&)platform {
     if ([super initWithWindowNibName:@"VTRPreferences"] == nil)
         return nil;
+    // NOLINTNEXTLINE(clang-analyzer-osx.cocoa.SelfInit): the answer is tested, and nothing else
     core.emplace(platform, outlets);
     core->init();
     return self;
@@ -21,7 +23,16 @@
 - (void)awakeFromNib {
     outlets.connectWindow(window);
     outlets.connectAppName(appName);
-    vistrel::cocoa::runGuarded([self] { core->awakeFromNib(); });
+    vistrel::cocoa::runGuarded([self] {
+        vistrel::cocoa::native::dressButtons(window);
+        bindings = [vistrel::cocoa::native::connectBindings(window) retain];
+        core->awakeFromNib();
+    });
+}
+
+- (void)dealloc {
+    [bindings release];
+    [super dealloc];
 }
 
 - (IBAction)savePreferences:(id)sender {

@@ -1,0 +1,43 @@
+#import "platform/cocoa/LookGNUstep.h"
+
+namespace vistrel::cocoa::gnustep {
+
+namespace {
+
+// What a button has that is made on this platform; it has no name there.
+constexpr auto ownBezelStyle = static_cast<NSBezelStyle>(0);
+
+// What Interface Builder adds around the visible part of a button, in points.
+constexpr NSSize pushButtonShadow = {6, 4};
+constexpr NSSize popUpButtonShadow = {0, 2};
+
+void removeCheckMarks(NSPopUpButton* button) {
+    for (NSMenuItem* item in [button itemArray])
+        [item setOnStateImage:nil];
+}
+
+void dress(NSButton* button) {
+    if ([button bezelStyle] != NSRoundedBezelStyle)
+        return;
+    const bool isPopUp = [button isKindOfClass:[NSPopUpButton class]];
+    const NSSize shadow = isPopUp ? popUpButtonShadow : pushButtonShadow;
+    [button setBezelStyle:ownBezelStyle];
+    [button setFrame:NSInsetRect([button frame], shadow.width, shadow.height)];
+    if (isPopUp)
+        removeCheckMarks(static_cast<NSPopUpButton*>(button));
+}
+
+void dressButtonsIn(NSView* view) {
+    if ([view isKindOfClass:[NSButton class]])
+        dress(static_cast<NSButton*>(view));
+    for (NSView* subview in [view subviews])
+        dressButtonsIn(subview);
+}
+
+} // namespace
+
+void dressButtons(NSWindow* window) {
+    dressButtonsIn([window contentView]);
+}
+
+} // namespace vistrel::cocoa::gnustep
