@@ -10,6 +10,7 @@
 #import "platform/cocoa/ReturnKeyGNUstep.h"
 #include "platform/cocoa/SearchToolGNUstep.h"
 #include "platform/posix/DetachedProcess.h"
+#include "platform/posix/Download.h"
 
 namespace vistrel::cocoa::native {
 
@@ -105,8 +106,10 @@ void provideImage(NSBundle* bundle, NSString* name) {
     [image release];
 }
 
-std::optional<std::string> textAtURL(const std::string&) {
-    return std::nullopt;
+/// The platform's own requests answer one page of a server for another, take half a text for a
+/// whole one, and wait for a silent server for ever.
+std::optional<std::string> textAtURL(const std::string& url) {
+    return posix::downloadText(url);
 }
 
 } // namespace vistrel::cocoa::native
