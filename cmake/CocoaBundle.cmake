@@ -1,11 +1,16 @@
-# add_cocoa_bundle(TARGET NAME name PRINCIPAL_CLASS class SOURCES file... [RESOURCES file...])
+# add_cocoa_bundle(TARGET [INSERTABLE] NAME name PRINCIPAL_CLASS class SOURCES file... [RESOURCES file...])
 #
 # Makes the loadable bundle `name`.bundle in ${PROJECT_BINARY_DIR}/bundles: flat for GNUstep,
 # Contents/MacOS for macOS, from one Info.plist template. Interface files are copied for GNUstep, which
-# reads them as they are, and compiled for macOS, which does not.
+# reads them as they are, and compiled for macOS, which does not. The program of an INSERTABLE bundle can
+# also be inserted into a macOS process as a library.
 function(add_cocoa_bundle target)
-    cmake_parse_arguments(BUNDLE "" "NAME;PRINCIPAL_CLASS" "SOURCES;RESOURCES" ${ARGN})
-    add_library(${target} MODULE ${BUNDLE_SOURCES})
+    cmake_parse_arguments(BUNDLE "INSERTABLE" "NAME;PRINCIPAL_CLASS" "SOURCES;RESOURCES" ${ARGN})
+    set(kind MODULE)
+    if(APPLE AND BUNDLE_INSERTABLE)
+        set(kind SHARED)
+    endif()
+    add_library(${target} ${kind} ${BUNDLE_SOURCES})
     target_link_libraries(${target} PRIVATE vistrel_flags cocoa)
 
     set(bundle ${PROJECT_BINARY_DIR}/bundles/${BUNDLE_NAME}.bundle)
