@@ -1,0 +1,125 @@
+#include "TestHost.h"
+
+#include "platform/posix/PropertyListXML.h"
+
+#include <benchmark/benchmark.h>
+
+#include <cstdlib>
+#include <new>
+
+/// What the core costs by itself, on the memory platform.
+
+namespace {
+
+std::size_t allocations = 0;
+
+} // namespace
+
+void* operator new(std::size_t size) {
+    ++allocations;
+    if (void* memory = std::malloc(size)) // NOLINT(cppcoreguidelines-no-malloc)
+        return memory;
+    throw std::bad_alloc();
+}
+
+void operator delete(void* memory) noexcept {
+    std::free(memory); // NOLINT(cppcoreguidelines-no-malloc)
+}
+
+void operator delete(void* memory, std::size_t) noexcept {
+    std::free(memory); // NOLINT(cppcoreguidelines-no-malloc)
+}
+
+namespace vistrel {
+namespace {
+
+/// Reports the allocations of one round beside its time.
+class Allocations {
+  public:
+    explicit Allocations(benchmark::State& state) : state_(state) {}
+
+    ~Allocations() {
+        state_.counters["allocations"] = benchmark::Counter(
+            static_cast<double>(allocations - before_), benchmark::Counter::kAvgIterations);
+    }
+
+    Allocations(const Allocations&) = delete;
+    Allocations& operator=(const Allocations&) = delete;
+
+  private:
+    benchmark::State& state_;
+    std::size_t before_ = allocations;
+};
+
+/// A host whose Window menu has this many items above Zoom.
+void fill(TestHost& it, std::int64_t itemsAboveZoom) {
+    auto& menu = it.addEmptyWindowMenu();
+    for (std::int64_t count = 0; count < itemsAboveZoom; ++count)
+        menu.add("Document", "makeKeyAndOrderFront:");
+    menu.add("Zoom", "performZoom:");
+    it.addFrontWindow();
+    it.host.calls.isRecording = false;
+}
+
+template <void (Corvane::*command)()> void runCommand(benchmark::State& state) {
+    memory::MemoryDesktop desktop;
+    TestHost it(desktop);
+    fill(it, state.range(0));
+    it.load();
+    const Allocations counted(state);
+    for (auto _ : state)
+        ((*it.corvane.m).*command)();
+    state.SetComplexityN(state.range(0));
+}
+
+template <auto command> void addCommand(const char* name) {
+    benchmark::RegisterBenchmark(name, runCommand<command>)
+        ->RangeMultiplier(10)
+        ->Range(10, 10'000)
+        ->Complexity(benchmark::oN);
+}
+
+void startUp(benchmark::State& state) {
+    for (auto _ : state) {
+        state.PauseTiming();
+        memory::MemoryDesktop desktop;
+        TestHost it(desktop);
+        fill(it, state.range(0));
+        state.ResumeTiming();
+        it.load();
+    }
+}
+
+BENCHMARK(startUp)->RangeMultiplier(10)->Range(10, 10'000);
+
+void settingsLoad(benchmark::State& state) {
+    memory::MemoryDesktop desktop;
+    memory::MemoryHost host(desktop);
+    host.calls.isRecording = false;
+    Settings settings;
+    for (auto _ : state)
+        settings.load(host.fileManager(), host.userDefaults());
+}
+
+BENCHMARK(settingsLoad);
+
+void settingsFileFromXML(benchmark::State& state) {
+    const auto text = posix::xmlFromPropertyList(defaultSettings()).value();
+    for (auto _ : state)
+        benchmark::DoNotOptimize(posix::propertyListFromXML(text));
+}
+
+BENCHMARK(settingsFileFromXML);
+
+[[maybe_unused]] const bool areAdded = [] {
+    addCommand<&Corvane::left>("left");
+    addCommand<&Corvane::threeM>("threeM");
+    addCommand<&Corvane::center>("center");
+    addCommand<&Corvane::centerAverage>("centerAverage");
+    addCommand<&Corvane::floating>("floating");
+    addCommand<&Corvane::setKUIMode>("setKUIMode");
+    return true;
+}();
+
+} // namespace
+} // namespace vistrel
