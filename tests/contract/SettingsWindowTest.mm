@@ -2,6 +2,7 @@
 
 #import "platform/cocoa/CocoaPlatform.h"
 #import "platform/cocoa/Convert.h"
+#import "platform/cocoa/VTRKeyField.h"
 #import "platform/cocoa/VTRPreferencesController.h"
 
 #include <gmock/gmock.h>
@@ -216,6 +217,16 @@ TEST_F(SettingsWindow, CutsNoTextOff) {
         const NSSize needed = [[control cell] cellSize];
         EXPECT_LE(needed.width, NSWidth([control bounds])) << shownIn(control);
         EXPECT_LE(needed.height, NSHeight([control bounds]) + 6) << shownIn(control);
+    }
+}
+
+TEST_F(SettingsWindow, LetsItsUserEditNoLabel) {
+    for (NSControl* control : controls()) {
+        if (!isText(control))
+            continue;
+        EXPECT_EQ([static_cast<NSTextField*>(control) isEditable] != NO,
+                  [control isKindOfClass:[VTRKeyField class]] != NO)
+            << shownIn(control);
     }
 }
 

@@ -27,17 +27,23 @@ void dress(NSButton* button) {
         removeCheckMarks(static_cast<NSPopUpButton*>(button));
 }
 
-void dressButtonsIn(NSView* view) {
+bool isLabel(NSTextField* field) {
+    return ![field isBezeled] && ![field isBordered];
+}
+
+void dressControlsIn(NSView* view) {
     if ([view isKindOfClass:[NSButton class]])
         dress(static_cast<NSButton*>(view));
+    else if ([view isKindOfClass:[NSTextField class]] && isLabel(static_cast<NSTextField*>(view)))
+        [static_cast<NSTextField*>(view) setEditable:NO];
     for (NSView* subview in [view subviews])
-        dressButtonsIn(subview);
+        dressControlsIn(subview);
 }
 
 } // namespace
 
-void dressButtons(NSWindow* window) {
-    dressButtonsIn([window contentView]);
+void dressControls(NSWindow* window) {
+    dressControlsIn([window contentView]);
 }
 
 } // namespace vistrel::cocoa::gnustep

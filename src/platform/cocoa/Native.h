@@ -42,8 +42,9 @@ std::int32_t windowLevelForKey(std::int32_t key);
 
 void setLevel(NSWindow* window, NSInteger level);
 
-/// Gives the buttons of `window`, which comes from an interface file, the platform's own look.
-void dressButtons(NSWindow* window);
+/// Gives the controls of `window`, which comes from an interface file, the platform's own look, and
+/// makes them what the file means.
+void dressControls(NSWindow* window);
 
 /// Sees to it that the controls of `window` edit the host defaults as its interface file says: each
 /// change of either shows at once in the other. Answers what has to be kept for as long as they

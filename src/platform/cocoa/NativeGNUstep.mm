@@ -52,8 +52,8 @@ void setLevel(NSWindow* window, NSInteger level) {
     gnustep::setLevel(window, level);
 }
 
-void dressButtons(NSWindow* window) {
-    gnustep::dressButtons(window);
+void dressControls(NSWindow* window) {
+    gnustep::dressControls(window);
 }
 
 id connectBindings(NSWindow* window) {

@@ -62,7 +62,7 @@ void setLevel(NSWindow* window, NSInteger level) {
     [window setLevel:level];
 }
 
-void dressButtons(NSWindow*) {}
+void dressControls(NSWindow*) {}
 
 id connectBindings(NSWindow*) {
     return nil;

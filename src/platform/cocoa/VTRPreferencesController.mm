@@ -24,7 +24,7 @@
     outlets.connectWindow(window);
     outlets.connectAppName(appName);
     vistrel::cocoa::runGuarded([self] {
-        vistrel::cocoa::native::dressButtons(window);
+        vistrel::cocoa::native::dressControls(window);
         bindings = [vistrel::cocoa::native::connectBindings(window) retain];
         core->awakeFromNib();
     });

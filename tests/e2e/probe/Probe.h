@@ -50,6 +50,10 @@ NSArray* numbers(NSRect rect);
 /// A rectangle on screen as [x, y, width, height], counted as the X server counts.
 NSArray* rowsFromTop(NSRect rect);
 
+/// The rectangles of the items of a menu that is on screen, and which of them is highlighted. Null
+/// where it is not.
+id openMenu(NSMenu* menu);
+
 NSDictionary* mainMenu();
 NSDictionary* windows();
 NSDictionary* modalWindow();

@@ -11,6 +11,17 @@ bool hasFocus(NSControl* control) {
     return first == control;
 }
 
+/// What a user takes it for.
+NSString* kindOf(NSControl* control) {
+    if ([control isKindOfClass:[NSPopUpButton class]])
+        return @"choice";
+    if ([control isKindOfClass:[NSTextField class]])
+        return [static_cast<NSTextField*>(control) isEditable] ? @"field" : @"label";
+    if (![control isKindOfClass:[NSButton class]])
+        return @"other";
+    return [static_cast<NSButton*>(control) isBordered] ? @"button" : @"check";
+}
+
 id titleOf(id control) {
     return probe::orNull([control respondsToSelector:@selector(title)] ? [control title] : nil);
 }
@@ -23,15 +34,29 @@ NSArray* choicesOf(id control) {
     return [control isKindOfClass:[NSPopUpButton class]] ? [control itemTitles] : @[];
 }
 
+id selectedIndexOf(id control) {
+    return probe::orNull(
+        [control isKindOfClass:[NSPopUpButton class]] ? @([control indexOfSelectedItem]) : nil);
+}
+
+/// Of a pop-up button, while its user chooses.
+id openMenuOf(id control) {
+    return [control isKindOfClass:[NSPopUpButton class]] ? probe::openMenu([control menu])
+                                                         : [NSNull null];
+}
+
 NSDictionary* describe(NSControl* control) {
     NSRect rect = [control convertRect:[control bounds] toView:nil];
     rect.origin = [[control window] convertBaseToScreen:rect.origin];
     return @{
         @"class" : NSStringFromClass([control class]),
+        @"kind" : kindOf(control),
         @"title" : titleOf(control),
         @"value" : probe::orNull([control stringValue]),
         @"state" : stateOf(control),
         @"choices" : choicesOf(control),
+        @"index" : selectedIndexOf(control),
+        @"menu" : openMenuOf(control),
         @"action" : probe::orNull([control action] ? NSStringFromSelector([control action]) : nil),
         @"enabled" : probe::flag([control isEnabled]),
         @"focused" : @(hasFocus(control)),

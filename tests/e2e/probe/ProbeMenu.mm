@@ -121,6 +121,16 @@ NSDictionary* describe(NSMenu* menu, int depth) {
 
 namespace probe {
 
+id openMenu(NSMenu* menu) {
+    NSMenuView* view = ownView(menu);
+    if (!isOnScreen(view))
+        return [NSNull null];
+    NSMutableArray* rects = [NSMutableArray array];
+    for (NSInteger i = 0; i < [menu numberOfItems]; ++i)
+        [rects addObject:itemRect(view, i)];
+    return @{@"rects" : rects, @"highlighted" : @([view highlightedItemIndex])};
+}
+
 NSDictionary* mainMenu() {
     NSMenu *main = [NSApp mainMenu], *windows = [NSApp windowsMenu];
     return @{
