@@ -13,9 +13,11 @@ import tempfile
 from collections.abc import Callable
 from pathlib import Path
 
+import settingswindow
 from harness.account import Account
 from harness.desktop import Desktop
 from harness.devices import COMMAND, CONTROL
+from harness.form import Form
 from harness.geometry import Rect
 from harness.host import Host
 from harness.menus import Menus, rect
@@ -24,6 +26,9 @@ LOG_LINE = "VTRLog - Screens: "
 
 # A desktop that shows where windows end.
 BACKGROUND = 0x46637F
+
+# How much of the desktop a picture of one window shows around it, in pixels.
+MARGIN = 24
 
 # Toggles are picked twice: there, and back.
 ARRANGE = [
@@ -49,10 +54,12 @@ class Tour:
         window = self.host.wait_for_focus()
         return self.desktop.geometry(window["xid"]).frame
 
-    def picture(self, name: str) -> str:
+    def picture(self, name: str, area: Rect | None = None) -> str:
+        """Of the whole screen, or of a part of it."""
         self.step += 1
         file = f"{self.step:02}-{name}.png"
-        self.desktop.screenshot(self.pictures / file)
+        image = self.desktop.screenshot()
+        (image.crop(area.box) if area else image).save(self.pictures / file)
         return file
 
     def show_menu(self, name: str, *titles: str) -> None:
@@ -77,6 +84,27 @@ class Tour:
         self.show(title, name, lambda: self.menus.pick(*path))
         if title.startswith("Toggle"):
             self.show(f"{title}, and back", f"{name}-back", lambda: self.menus.pick(*path))
+
+    def settings(self) -> None:
+        """Open the settings window, change something in it, and close it."""
+        path = (self.window_menu, "Settings", "Settings…")
+        if not self.host.item_at(*path)["enabled"]:
+            return
+        self.menus.pick(*path)
+        self.menus.close()
+        self.host.wait_until(lambda: self.host.windows(settingswindow.TITLE), "the window")
+        frame = self.frame()
+        controls = Form(self.host, settingswindow.TITLE)
+        controls.toggle(settingswindow.PLACES["ownShortCuts"])
+        controls.type(settingswindow.PLACES["centerString"], "e")
+        self.desktop.settle()
+        self.host.catch_up()
+        picture = self.picture("settings-window", around(frame))
+        print(f"  {'Settings…':46} {text(frame)}  {picture}")
+        controls.click(settingswindow.CLOSE.title)
+        self.host.wait_until(
+            lambda: not self.host.windows(settingswindow.TITLE), "the window to close"
+        )
 
     def full_screen(self) -> None:
         """By its shortcut: the menu is out of sight when it is wanted again."""
@@ -114,6 +142,7 @@ class Tour:
         for title in ("Quorvix's Vistrel", "Settings", "Arrange"):
             self.show_menu(title.split()[-1].lower(), title)
         self.menus.close()
+        self.settings()
         for title, name in ARRANGE:
             self.pick(title, name, "Arrange")
         self.full_screen()
@@ -127,6 +156,12 @@ def paint(desktop: Desktop) -> None:
     root.change_attributes(background_pixel=BACKGROUND)
     root.clear_area()
     desktop.connection.sync()
+
+
+def around(frame: Rect) -> Rect:
+    """With some of the desktop."""
+    x, y, width, height = frame
+    return Rect(x - MARGIN, y - MARGIN, width + 2 * MARGIN, height + 2 * MARGIN)
 
 
 def text(frame: Rect) -> str:
