@@ -1,11 +1,13 @@
-# add_cocoa_bundle(TARGET [INSERTABLE] NAME name PRINCIPAL_CLASS class SOURCES file... [RESOURCES file...])
+# add_cocoa_bundle(TARGET [INSERTABLE] NAME name PRINCIPAL_CLASS class SOURCES file... [RESOURCES file...]
+#                  [INFO key text...])
 #
 # Makes the loadable bundle `name`.bundle in ${PROJECT_BINARY_DIR}/bundles: flat for GNUstep,
-# Contents/MacOS for macOS, from one Info.plist template. Interface files are copied for GNUstep, which
-# reads them as they are, and compiled for macOS, which does not. The program of an INSERTABLE bundle can
-# also be inserted into a macOS process as a library.
+# Contents/MacOS for macOS, from one Info.plist template, to which INFO adds texts of the bundle's own.
+# Interface files are copied for GNUstep, which reads them as they are, and compiled for macOS, which does
+# not. The program of an INSERTABLE bundle can also be inserted into a macOS process as a library.
 function(add_cocoa_bundle target)
-    cmake_parse_arguments(BUNDLE "INSERTABLE" "NAME;PRINCIPAL_CLASS" "SOURCES;RESOURCES" ${ARGN})
+    cmake_parse_arguments(PARSE_ARGV 1 BUNDLE "INSERTABLE"
+        "NAME;PRINCIPAL_CLASS" "SOURCES;RESOURCES;INFO")
     set(kind MODULE)
     if(APPLE AND BUNDLE_INSERTABLE)
         set(kind SHARED)
@@ -23,6 +25,13 @@ function(add_cocoa_bundle target)
         set(resources ${bundle}/Resources)
         set(info ${resources}/Info-gnustep.plist)
     endif()
+    set(BUNDLE_INFO_ENTRIES "")
+    while(BUNDLE_INFO)
+        list(POP_FRONT BUNDLE_INFO key text)
+        string(REPLACE "&" "&amp;" text "${text}")
+        string(REPLACE "<" "&lt;" text "${text}")
+        string(APPEND BUNDLE_INFO_ENTRIES "\n\t<key>${key}</key>\n\t<string>${text}</string>")
+    endwhile()
     configure_file(${PROJECT_SOURCE_DIR}/resources/Info.plist.in ${info} @ONLY)
     foreach(file ${BUNDLE_RESOURCES})
         get_filename_component(file ${file} ABSOLUTE)
