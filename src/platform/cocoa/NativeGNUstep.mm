@@ -7,6 +7,7 @@
 #import "platform/cocoa/HidingGNUstep.h"
 #import "platform/cocoa/LevelGNUstep.h"
 #import "platform/cocoa/LookGNUstep.h"
+#import "platform/cocoa/PageOpenerGNUstep.h"
 #import "platform/cocoa/ReturnKeyGNUstep.h"
 #include "platform/cocoa/SearchToolGNUstep.h"
 #include "platform/posix/DetachedProcess.h"
@@ -86,7 +87,7 @@ NSString* activeApplicationName() {
 }
 
 void openURL(NSURL* url) {
-    posix::startDetached({"/usr/bin/xdg-open", toString([url absoluteString])});
+    gnustep::openPage(url);
 }
 
 void launch(const std::string& path, const std::vector<std::string>& arguments) {

@@ -1,36 +1,16 @@
 #include "platform/cocoa/SearchToolGNUstep.h"
 
 #include "platform/posix/DetachedProcess.h"
+#include "platform/posix/FindProgram.h"
 
 #include <cstdlib>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace vistrel::cocoa::gnustep {
 
 namespace {
 
 using Command = std::vector<std::string>;
-
-bool isProgram(const std::string& path) {
-    struct stat status {};
-
-    return ::stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode) &&
-           ::access(path.c_str(), X_OK) == 0;
-}
-
-/// The first program called `name` below `folders`, empty when there is none. Relative folders do
-/// not count: what the current one holds is nobody's choice of a search tool.
-std::string find(std::string_view name, std::string_view folders) {
-    while (!folders.empty()) {
-        const auto folder = folders.substr(0, folders.find(':'));
-        folders.remove_prefix(std::min(folders.size(), folder.size() + 1));
-        auto path = std::string(folder).append("/").append(name);
-        if (folder.starts_with('/') && isProgram(path))
-            return path;
-    }
-    return {};
-}
+using posix::findProgram;
 
 /// A tool that is not installed makes no command.
 Command command(std::string program, std::vector<std::string> arguments) {
@@ -54,12 +34,12 @@ Command preferredTool(std::string_view text, std::string_view name, const Search
         return {};
     auto path = std::string(name);
     if (!name.starts_with('/'))
-        return command(find(name, places.programs), query({}, text));
-    return isProgram(path) ? command(std::move(path), query({}, text)) : Command{};
+        return command(findProgram(name, places.programs), query({}, text));
+    return posix::isProgram(path) ? command(std::move(path), query({}, text)) : Command{};
 }
 
 Command krunner(std::string_view text, const SearchPlaces& places) {
-    return command(find("krunner", places.programs), query("--", text));
+    return command(findProgram("krunner", places.programs), query("--", text));
 }
 
 /// Whether `name` is one of the names of the desktop, which are separated by colons.
@@ -73,27 +53,27 @@ bool isDesktop(std::string_view name, std::string_view desktop) {
 Command overview(const SearchPlaces& places) {
     if (!isDesktop("GNOME", places.desktop))
         return {};
-    return command(find("gdbus", places.programs),
+    return command(findProgram("gdbus", places.programs),
                    {"call", "--session", "--dest", "org.gnome.Shell", "--object-path",
                     "/org/gnome/Shell", "--method", "org.freedesktop.DBus.Properties.Set",
                     "org.gnome.Shell", "OverviewActive", "<true>"});
 }
 
 Command appFinder(const SearchPlaces& places) {
-    return command(find("xfce4-appfinder", places.programs), {});
+    return command(findProgram("xfce4-appfinder", places.programs), {});
 }
 
 Command rofi(std::string_view text, const SearchPlaces& places) {
     std::vector<std::string> arguments{"-show", "drun"};
     for (auto& argument : query("-filter", text))
         arguments.push_back(std::move(argument));
-    return command(find("rofi", places.programs), std::move(arguments));
+    return command(findProgram("rofi", places.programs), std::move(arguments));
 }
 
 Command finder(const SearchPlaces& places) {
-    auto path = find("MDFinder", places.programs);
+    auto path = findProgram("MDFinder", places.programs);
     if (path.empty())
-        path = find("MDFinder.app/MDFinder", places.applications);
+        path = findProgram("MDFinder.app/MDFinder", places.applications);
     return command(std::move(path), {});
 }
 
