@@ -37,8 +37,8 @@ ARRANGE = [
     ("Toggle ⅓ Screen Left", "left-third"),
     ("Toggle ⅓ Screen Middle", "middle-third"),
     ("Toggle ⅓ Screen Right", "right-third"),
-    ("Center Average Window", "standard-size"),
     ("Center Window", "centred"),
+    ("Center Average Window", "standard-size"),
 ]
 
 
