@@ -40,6 +40,23 @@ TEST_F(ApplicationContract, HasAScreen) {
     EXPECT_EQ(application().screenCount(), 1);
 }
 
+TEST_F(ApplicationContract, HasAnAbsoluteBundlePath) {
+    EXPECT_THAT(application().bundlePath(), testing::StartsWith("/"));
+}
+
+TEST_F(ApplicationContract, ShowsTheKeyWhereItsStringTableHasNothing) {
+    for (const std::string key :
+         {"Success!", "You've yet not saved a window frame for this application.",
+          "RestartIndex == 0 - Should restart", "100 %@ %s %d %n", "½ \"quoted\"\n"})
+        EXPECT_EQ(application().localizedString(key), key);
+}
+
+TEST_F(ApplicationContract, AsksTheHostToQuitAndTakesNoForAnAnswer) {
+    host->refuseToTerminate();
+    application().terminate();
+    EXPECT_EQ(host->terminationsAsked(), 1);
+}
+
 TEST_F(ApplicationContract, LogsATextThatLooksLikeAFormat) {
     application().log("100% %@ %s %n");
 }

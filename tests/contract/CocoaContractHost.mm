@@ -7,8 +7,92 @@
 #import <AppKit/AppKit.h>
 
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <stdexcept>
+
+/// Stands for the user while an alert is up, and for a host with unsaved documents.
+@interface ContractUser : NSObject {
+  @public
+    vistrel::AlertAnswer answer;
+    vistrel::ContractAlert alert;
+    int terminationsAsked;
+}
+
+@end
+
+namespace {
+
+/// The views of `kind` in the alert, in the order in which they were added.
+NSArray* partsOfAlert(Class kind) {
+    NSMutableArray* parts = [NSMutableArray array];
+    for (NSView* view in [[[NSApp modalWindow] contentView] subviews]) {
+        NSView* part = [view isKindOfClass:[NSScrollView class]]
+                           ? [static_cast<NSScrollView*>(view) documentView]
+                           : view;
+        if ([part isKindOfClass:kind])
+            [parts addObject:part];
+    }
+    return parts;
+}
+
+/// What a modal loop waits for before it looks whether it is to end.
+NSEvent* userEvent() {
+    return [NSEvent otherEventWithType:NSAppKitDefined
+                              location:NSZeroPoint
+                         modifierFlags:0
+                             timestamp:0
+                          windowNumber:0
+                               context:nil
+                               subtype:0
+                                 data1:0
+                                 data2:0];
+}
+
+} // namespace
+
+@implementation ContractUser
+
+- (void)waitForAlert {
+    [self performSelector:@selector(answerAlert)
+               withObject:nil
+               afterDelay:0.01
+                  inModes:[NSArray arrayWithObject:NSModalPanelRunLoopMode]];
+}
+
+- (void)answerAlert {
+    // Nobody answers an alert that is not in front; a user would click it.
+    if (!vistrel::hasKeyboardFocus([NSApp modalWindow])) {
+        vistrel::takeKeyboardFocus([NSApp modalWindow]);
+        [self waitForAlert];
+        return;
+    }
+    NSArray* texts = partsOfAlert([NSTextField class]);
+    NSArray* buttons = partsOfAlert([NSButton class]);
+    alert = {vistrel::cocoa::toString([[texts objectAtIndex:0] stringValue]),
+             vistrel::cocoa::toString([[texts objectAtIndex:1] stringValue]),
+             {}};
+    for (NSButton* button in buttons)
+        alert.buttons.push_back(vistrel::cocoa::toString([button title]));
+    if (answer == vistrel::AlertAnswer::byClosing)
+        [[NSApp modalWindow] performClose:nil];
+    else
+        [[buttons objectAtIndex:answer == vistrel::AlertAnswer::byDefaultButton ? 0 : 1]
+            performClick:nil];
+    [NSApp postEvent:userEvent() atStart:NO];
+    // A timer does not wake up whoever waits for events, but its being due does.
+    [self performSelector:@selector(self)
+               withObject:nil
+               afterDelay:0.01
+                  inModes:[NSArray arrayWithObject:NSModalPanelRunLoopMode]];
+}
+
+- (NSApplicationTerminateReply)applicationShouldTerminate:(NSApplication*)application {
+    ++terminationsAsked;
+    return NSTerminateCancel;
+}
+
+@end
 
 namespace vistrel {
 
@@ -106,6 +190,8 @@ class CocoaContractHost final : public ContractHost {
 
     ~CocoaContractHost() override {
         closeWindow();
+        [NSApp setDelegate:nil];
+        [user_ release];
         [[NSFileManager defaultManager] removeFileAtPath:cocoa::toNSString(folder_) handler:nil];
     }
 
@@ -141,7 +227,8 @@ class CocoaContractHost final : public ContractHost {
         for (int attempt = 0; attempt < 10 && !isFront(); ++attempt) {
             [NSApp activateIgnoringOtherApps:YES];
             [window_ makeKeyAndOrderFront:nil];
-            runUntil(isFront, 1);
+            if (!runUntil(isFront, 0.5))
+                takeKeyboardFocus(window_);
         }
         require(isFront(), "the window does not come to the front");
     }
@@ -172,6 +259,17 @@ class CocoaContractHost final : public ContractHost {
         [timer release];
     }
 
+    void answerNextAlert(AlertAnswer answer) override {
+        user_->answer = answer;
+        [user_ waitForAlert];
+    }
+
+    ContractAlert lastAlert() override { return user_->alert; }
+
+    void refuseToTerminate() override { [NSApp setDelegate:user_]; }
+
+    int terminationsAsked() override { return user_->terminationsAsked; }
+
     void storeDefault(std::string_view key, const PropertyList& value) override {
         [[NSUserDefaults standardUserDefaults] setObject:cocoa::toObject(value)
                                                   forKey:cocoa::toNSString(key)];
@@ -183,12 +281,35 @@ class CocoaContractHost final : public ContractHost {
 
     std::string folder() override { return folder_; }
 
+    std::string recordingProgram() override {
+        const auto program = folder_ + "/record";
+        std::ofstream(program) << "#!/bin/sh\n"
+                               << "[ $# -eq 0 ] || printf '%s\\0' \"$@\" >'" << folder_
+                               << "/part'\n"
+                               << ": >>'" << folder_ << "/part'\n"
+                               << "mv '" << folder_ << "/part' '" << folder_ << "/record.out'\n";
+        std::filesystem::permissions(program, std::filesystem::perms::owner_all);
+        return program;
+    }
+
+    std::vector<std::string> recordedArguments() override {
+        const auto path = folder_ + "/record.out";
+        require(runUntil([&] { return std::filesystem::exists(path); }, 10),
+                "the program does not run");
+        std::vector<std::string> arguments;
+        std::ifstream file(path);
+        for (std::string argument; std::getline(file, argument, '\0');)
+            arguments.push_back(argument);
+        return arguments;
+    }
+
     void makeDamagedFile(const std::string& path) override { std::ofstream(path) << "damaged"; }
 
   private:
     cocoa::CocoaPlatform platform_{controller()};
     std::string folder_;
     NSWindow* window_ = nil;
+    ContractUser* user_ = [[ContractUser alloc] init];
 };
 
 } // namespace

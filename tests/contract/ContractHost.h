@@ -27,6 +27,18 @@ struct ContractItem {
     friend bool operator==(const ContractItem&, const ContractItem&) = default;
 };
 
+/// What an alert has shown, the default button first.
+struct ContractAlert {
+    std::string title = {};
+    std::string message = {};
+    std::vector<std::string> buttons = {};
+
+    friend bool operator==(const ContractAlert&, const ContractAlert&) = default;
+};
+
+/// How a user may dismiss an alert: by a button, or as one closes a window.
+enum class AlertAnswer { byDefaultButton, byAlternateButton, byClosing };
+
 /// A host on one of the platforms, with what the contract tests need to set it up and to look at it
 /// other than through the seam. Each platform's test program links its own.
 class ContractHost {
@@ -51,11 +63,29 @@ class ContractHost {
     /// Lets at least this much time pass, with the host's event loop running.
     virtual void letPass(double seconds) = 0;
 
+    /// Has the user dismiss the next alert in this way.
+    virtual void answerNextAlert(AlertAnswer answer) = 0;
+
+    /// The alert that was answered last.
+    virtual ContractAlert lastAlert() = 0;
+
+    /// Has the host refuse to quit when it is asked to, as with unsaved documents.
+    virtual void refuseToTerminate() = 0;
+
+    /// How often it was asked.
+    virtual int terminationsAsked() = 0;
+
     virtual void storeDefault(std::string_view key, const PropertyList& value) = 0;
     virtual void removeDefault(std::string_view key) = 0;
 
     /// An existing folder that belongs to the test.
     virtual std::string folder() = 0;
+
+    /// The path of a program that writes down the arguments that it is started with.
+    virtual std::string recordingProgram() = 0;
+
+    /// What it has written down, once it has.
+    virtual std::vector<std::string> recordedArguments() = 0;
 
     /// Makes a file that is no property list.
     virtual void makeDamagedFile(const std::string& path) = 0;

@@ -35,19 +35,30 @@ TEST_F(DefaultsContract, KeepABooleanABoolean) {
     EXPECT_EQ(stored(), PropertyList(false));
 }
 
-TEST_F(DefaultsContract, ReturnEveryTypeAsItWasStored) {
-    const std::vector<PropertyList> values{
-        true,
-        0,
-        2.5,
-        "text ½",
-        Date{86400},
-        Data{std::byte{0}, std::byte{255}},
-        Array{1, "two", false},
-        Dictionary{{"key", Array{Dictionary{{"deep", 1}}}}},
-    };
-    for (const auto& value : values) {
+const std::vector<PropertyList> everyType{
+    true,
+    0,
+    -4294967297,
+    2.5,
+    "text ½",
+    "{{212, 140}, {960, 720}}",
+    "100 %@ \\ \"quoted\"\n",
+    Date{86400},
+    Data{std::byte{0}, std::byte{255}},
+    Array{1, "two", false},
+    Dictionary{{"key", Array{Dictionary{{"deep", 1}}}}},
+};
+
+TEST_F(DefaultsContract, ReturnEveryTypeAsTheHostHasStoredIt) {
+    for (const auto& value : everyType) {
         store(value);
+        EXPECT_EQ(stored(), value);
+    }
+}
+
+TEST_F(DefaultsContract, ReturnEveryTypeAsItWasSet) {
+    for (const auto& value : everyType) {
+        defaults().setObject(value, "vtrContractKey");
         EXPECT_EQ(stored(), value);
     }
 }

@@ -8,4 +8,7 @@ namespace vistrel {
 /// desktop has given it, and loses it again when the desktop decides otherwise.
 bool hasKeyboardFocus(NSWindow* window);
 
+/// Gives the window the keyboard, as a click on it does, if it is on screen.
+void takeKeyboardFocus(NSWindow* window);
+
 } // namespace vistrel

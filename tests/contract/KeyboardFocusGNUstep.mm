@@ -13,4 +13,10 @@ bool hasKeyboardFocus(NSWindow* window) {
     return focus != 0 && focus == cocoa::gnustep::xWindow(window);
 }
 
+void takeKeyboardFocus(NSWindow* window) {
+    using namespace cocoa::gnustep;
+    if (isMapped(window))
+        XSetInputFocus(display(), xWindow(window), RevertToParent, CurrentTime);
+}
+
 } // namespace vistrel

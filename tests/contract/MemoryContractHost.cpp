@@ -2,6 +2,8 @@
 
 #include "platform/memory/MemoryHost.h"
 
+#include <algorithm>
+
 namespace vistrel {
 
 namespace {
@@ -62,6 +64,25 @@ class MemoryContractHost final : public ContractHost {
 
     void letPass(double seconds) override { desktop_.clock.advance(seconds); }
 
+    void answerNextAlert(AlertAnswer answer) override {
+        host_.acceptsAlerts = answer == AlertAnswer::byDefaultButton;
+    }
+
+    ContractAlert lastAlert() override {
+        const auto& alert = host_.alerts.back();
+        ContractAlert shown{alert.title, alert.message, {std::string(alert.defaultButton)}};
+        if (!alert.alternateButton.empty())
+            shown.buttons.emplace_back(alert.alternateButton);
+        return shown;
+    }
+
+    /// It always does.
+    void refuseToTerminate() override {}
+
+    int terminationsAsked() override {
+        return static_cast<int>(std::ranges::count(host_.calls.lines, "terminate"));
+    }
+
     void storeDefault(std::string_view key, const PropertyList& value) override {
         host_.userDefaults().values.set(key, value);
     }
@@ -75,6 +96,12 @@ class MemoryContractHost final : public ContractHost {
     }
 
     std::string folder() override { return desktop_.home; }
+
+    std::string recordingProgram() override { return "/bin/record"; }
+
+    std::vector<std::string> recordedArguments() override {
+        return host_.workspace().launched.back().arguments;
+    }
 
     void makeDamagedFile(const std::string& path) override { desktop_.files[path] = std::nullopt; }
 

@@ -15,13 +15,15 @@ void giveKeyboardBack(NSWindow* window) {
 } // namespace
 
 bool runAlert(const Alert& alert) {
-    // The host may close its window meanwhile, and what goes wrong in its event loop comes through
-    // here as an exception; the pool outlives both.
+    // Everything of the alert is gone when this returns. Should the host's event loop raise an
+    // exception meanwhile, the pool around this one empties both.
+    NSAutoreleasePool* const pool = [[NSAutoreleasePool alloc] init];
     NSWindow* const before = [[[NSApp keyWindow] retain] autorelease];
     VTRAlertPanel* const panel = [[[VTRAlertPanel alloc] initWithAlert:alert] autorelease];
     const bool isAccepted = [NSApp runModalForWindow:panel] == NSAlertDefaultReturn;
     [panel orderOut:nil];
     giveKeyboardBack(before);
+    [pool release];
     return isAccepted;
 }
 

@@ -28,9 +28,9 @@ NSTextField* makeText(std::string_view text, NSFont* font) {
     [field setFont:font];
     [field setStringValue:toNSString(text)];
     constexpr CGFloat anyHeight = 1e6;
-    const NSRect bounds = [[field attributedStringValue]
-        boundingRectWithSize:NSMakeSize(textWidth, anyHeight)
-                     options:NSStringDrawingUsesLineFragmentOrigin];
+    const NSRect bounds =
+        [[field attributedStringValue] boundingRectWithSize:NSMakeSize(textWidth, anyHeight)
+                                                    options:NSStringDrawingUsesLineFragmentOrigin];
     [field setFrameSize:NSMakeSize(textWidth, std::ceil(NSHeight(bounds)))];
     return field;
 }
@@ -62,7 +62,6 @@ NSButton* makeButton(std::string_view title, id target, SEL action) {
     [button setTitle:toNSString(title)];
     [button setTarget:target];
     [button setAction:action];
-    [button sizeToFit];
     return button;
 }
 
@@ -71,6 +70,10 @@ NSArray* makeButtons(const Alert& alert, VTRAlertPanel* panel) {
     [buttons addObject:makeButton(alert.defaultButton, panel, @selector(accept:))];
     if (!alert.alternateButton.empty())
         [buttons addObject:makeButton(alert.alternateButton, panel, @selector(performClose:))];
+    // Which puts an image into the button, for which there has to be room.
+    [panel setDefaultButtonCell:[[buttons objectAtIndex:0] cell]];
+    for (NSButton* button in buttons)
+        [button sizeToFit];
     return buttons;
 }
 
@@ -132,7 +135,6 @@ void fill(VTRAlertPanel* panel, const Alert& alert) {
     [[panel contentView] addSubview:icon];
     placeTexts(texts, [panel contentView], top);
     placeButtons(buttons, [panel contentView]);
-    [panel setDefaultButtonCell:[[buttons objectAtIndex:0] cell]];
     [panel setInitialFirstResponder:[buttons objectAtIndex:0]];
 }
 
@@ -166,8 +168,8 @@ using namespace vistrel::cocoa;
     return self;
 }
 
-/// Asked before the host's menu. The platform would leave the Enter key of the keypad aside, and would
-/// run the host's event loop while it shows the button pressed.
+/// Asked before the host's menu. The platform would leave the Enter key of the keypad aside, and
+/// would run the host's event loop while it shows the button pressed.
 - (BOOL)performKeyEquivalent:(NSEvent*)event {
     if (!gnustep::isReturn(event))
         return [super performKeyEquivalent:event];
@@ -175,6 +177,15 @@ using namespace vistrel::cocoa;
     if (![event isARepeat])
         [self accept:self];
     return YES;
+}
+
+/// Escape, the alternate button and window managers come here. The alert stays in place until it has
+/// ended, so that the keyboard does not leave the host in between.
+- (void)close {
+    if ([NSApp modalWindow] == self)
+        runGuarded([] { [NSApp stopModalWithCode:NSAlertAlternateReturn]; });
+    else
+        [super close];
 }
 
 - (void)accept:(id)sender {

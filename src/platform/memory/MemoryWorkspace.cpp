@@ -16,6 +16,7 @@ void MemoryWorkspace::launch(const std::string& path, const std::vector<std::str
     for (const auto& argument : arguments)
         line.append(" [").append(argument).append("]");
     log_.record("launch ", line);
+    launched.push_back({path, arguments});
 }
 
 } // namespace vistrel::memory

@@ -14,7 +14,14 @@ class MemoryWorkspace final : public Workspace {
     void openURL(const std::string& url) override;
     void launch(const std::string& path, const std::vector<std::string>& arguments) override;
 
+    struct Launch {
+        std::string path;
+        std::vector<std::string> arguments;
+    };
+
     std::string activeApplication = "Host";
+    /// The programs that were started.
+    std::vector<Launch> launched;
 
   private:
     CallLog& log_;
