@@ -130,6 +130,18 @@ def test_it_is_wholly_visible_on_a_small_screen(
     assert frame.x + frame.width <= 1024 and frame.y + frame.height <= 768
 
 
+def test_it_works_under_the_other_window_manager(
+    other_manager: Desktop, start_host: StartHost, account: Account
+) -> None:
+    window = opened(start_host, desktop=other_manager)
+    window.change("globalSettingsIndex", 3)
+    assert saved_by_click(window, account)["globalSettingsIndex"] == 3
+    other_manager.close_window(window.window["xid"])
+    window.wait_until_closed()
+    window.open()
+    assert window.value("globalSettingsIndex") == 3
+
+
 def test_without_a_file_it_shows_the_defaults_and_writes_nothing(
     start_host: StartHost, account: Account
 ) -> None:
@@ -210,6 +222,16 @@ def test_the_shortcuts_wait_for_their_check_box(start_host: StartHost) -> None:
     assert enabled() == {True}
     window.controls.toggle(PLACES["ownShortCuts"])
     assert enabled() == {False}
+
+
+def test_a_shortcut_that_is_being_typed_survives_its_check_box(start_host: StartHost) -> None:
+    window = opened(start_host)
+    window.change("ownShortCuts", True)
+    window.change("centerString", "k")
+    window.controls.toggle(PLACES["ownShortCuts"])
+    window.controls.toggle(PLACES["ownShortCuts"])
+    assert window.value("centerString") == window.stored("centerString") == "k"
+    window.change("centerString", "l")
 
 
 def test_a_shortcut_is_one_character(start_host: StartHost) -> None:

@@ -66,10 +66,6 @@ NSDictionary* screens();
 NSDictionary* userDefault(NSString* key);
 NSDictionary* classes(NSString* prefix);
 
-/// Gives the class named before the blank in `argument` an action method, named behind it, that
-/// does nothing, so that items with that action can be chosen. A method that is there stays.
-NSDictionary* addStandIn(NSString* argument);
-
 /// Has the target of the menus' items that is of the class named before the blank in `argument`
 /// perform the method named behind it, which takes nothing, in the host's next turn.
 NSDictionary* perform(NSString* argument);

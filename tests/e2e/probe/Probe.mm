@@ -93,8 +93,6 @@
         return probe::userDefault(argument);
     if ([name isEqualToString:@"classes"])
         return probe::classes(argument);
-    if ([name isEqualToString:@"stand-in"])
-        return probe::addStandIn(argument);
     if ([name isEqualToString:@"perform"])
         return probe::perform(argument);
     if ([name isEqualToString:@"quit"])

@@ -27,8 +27,6 @@ id encodingOf(id value) {
     return [NSString stringWithUTF8String:[value objCType]];
 }
 
-void doNothing(id, SEL, id) {}
-
 id targetIn(NSMenu* menu, Class wanted) {
     for (NSInteger index = 0; index < [menu numberOfItems]; ++index) {
         id<NSMenuItem> item = [menu itemAtIndex:index];
@@ -67,14 +65,6 @@ NSDictionary* classes(NSString* prefix) {
     }
     [names sortUsingSelector:@selector(compare:)];
     return @{@"classes" : names};
-}
-
-NSDictionary* addStandIn(NSString* argument) {
-    NSArray* words = [argument componentsSeparatedByString:@" "];
-    Class owner = NSClassFromString([words objectAtIndex:0]);
-    SEL action = sel_registerTypedName([[words lastObject] UTF8String], "v@:@");
-    const BOOL added = class_addMethod(owner, action, reinterpret_cast<IMP>(doNothing), "v@:@");
-    return @{@"added" : flag(added)};
 }
 
 NSDictionary* perform(NSString* argument) {
