@@ -15,9 +15,10 @@ from commands import Commands
 from harness.account import Account
 from harness.desktop import Desktop
 from harness.devices import COMMAND, CONTROL, OPTION, SHIFT
+from harness.form import Place
 from harness.host import Host
 from settingswindow import (
-    ALL_APPLICATIONS, CLOSE, HOME_PAGE, KEYBOARD_ORDER, MANUAL, PLACES, SAVE, SHORTCUTS,
+    ALL_APPLICATIONS, CLOSE, HOME_PAGE, KEYBOARD_ORDER, MANUAL, PLACES, SHORTCUTS,
     TITLE, SettingsWindow,
 )
 from test_block import settings_folder, write_settings
@@ -510,12 +511,24 @@ def test_the_commands_act_on_the_settings_window(start_host: StartHost) -> None:
     window.change("globalSettingsIndex", 1)
 
 
-@pytest.mark.parametrize("place", [MANUAL, HOME_PAGE])
-def test_a_page_is_opened_beside_the_window(start_host: StartHost, place: Any) -> None:
-    window = opened(start_host)
+@pytest.mark.parametrize(
+    "place, page", [(MANUAL, "/manuals/Vistrel%20Manual.pdf"), (HOME_PAGE, "/")]
+)
+def test_its_pages_open_in_the_browser(
+    start_host: StartHost, loader_bundle: Path, tmp_path: Path, place: Place, page: str
+) -> None:
+    record, program = tmp_path / "opened", tmp_path / "xdg-open"
+    program.write_text(
+        f'#!/bin/sh\necho "$*" >"{record}.part"\n/bin/mv "{record}.part" "{record}"\n'
+    )
+    program.chmod(0o755)
+    window = opened(start_host, environment={"PATH": str(tmp_path)})
     window.controls.click(place.title)
+    window.host.wait_until(record.exists, "the page to be opened")
+    vistrel = loader_bundle.with_name("Vistrel.bundle")
+    info = plistlib.loads((vistrel / "Resources" / "Info-gnustep.plist").read_bytes())
+    assert record.read_text().strip() == info["VTRMainServer"] + page
     assert window.is_key
-    assert "exception" not in window.host.log
 
 
 @pytest.fixture
