@@ -4,6 +4,7 @@ from __future__ import annotations
 
 import os
 import re
+import shutil
 import tempfile
 from collections.abc import Callable, Iterator, Sequence
 from pathlib import Path
@@ -47,6 +48,19 @@ def probe_bundle() -> Path:
 @pytest.fixture(scope="session")
 def loader_bundle() -> Path:
     return _bundle("VISTREL_LOADER_BUNDLE")
+
+
+@pytest.fixture
+def copy_of_bundles(loader_bundle: Path, tmp_path: Path) -> Callable[[str], Path]:
+    """Copies loader and Vistrel into a folder of their own; answers the loader."""
+
+    def copy(name: str) -> Path:
+        folder = tmp_path / name
+        for bundle in (loader_bundle, loader_bundle.with_name("Vistrel.bundle")):
+            shutil.copytree(bundle, folder / bundle.name)
+        return folder / loader_bundle.name
+
+    return copy
 
 
 @pytest.fixture(scope="session")

@@ -14,19 +14,6 @@ from test_block import LOG_LINE, log_lines, start_with_block, window_items
 StartHost = Callable[..., Host]
 
 
-@pytest.fixture
-def copy_of_bundles(loader_bundle: Path, tmp_path: Path) -> Callable[[str], Path]:
-    """Copies loader and Vistrel into a folder of their own; answers the loader."""
-
-    def copy(name: str) -> Path:
-        folder = tmp_path / name
-        for bundle in (loader_bundle, loader_bundle.with_name("Vistrel.bundle")):
-            shutil.copytree(bundle, folder / bundle.name)
-        return folder / loader_bundle.name
-
-    return copy
-
-
 def start_without_block(start_host: StartHost, loader: Path) -> Host:
     host = start_host("TextEdit", bundles=[loader])
     host.wait_until(lambda: "cannot be loaded" in host.log, "the loader's log line")

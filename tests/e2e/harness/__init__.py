@@ -3,6 +3,7 @@
 Each module has one subject: ``waiting`` (conditions with a limit),
 ``account`` (a private user), ``xserver`` and ``windowmanager`` (processes of
 a desktop), ``devices`` (mouse and keyboard), ``desktop`` (all of a screen),
-``probe`` (what the host says of itself), ``host`` (a running application)
-and ``menus`` (its menus, worked with the mouse).
+``probe`` (what the host says of itself), ``host`` (a running application),
+``menus``, ``controls`` and ``alerts`` (its menus, windows and modal alerts, worked
+as its user works them), ``webserver`` and ``browser`` (both ends of the web).
 """

@@ -2,9 +2,11 @@
 
 from __future__ import annotations
 
+import contextlib
 import json
 import plistlib
 import socket
+from collections.abc import Iterator
 from pathlib import Path
 from typing import Any, NamedTuple
 
@@ -58,6 +60,15 @@ class Probe:
             raise ProbeError(f"{request!r}: {answer['error']}")
         return answer
 
+    @contextlib.contextmanager
+    def patient(self, seconds: float) -> Iterator[None]:
+        """For a host that is known to be busy for that long."""
+        self._socket.settimeout(seconds)
+        try:
+            yield
+        finally:
+            self._socket.settimeout(REPLY_SECONDS)
+
     def state(self) -> dict[str, Any]:
         return self.ask("state")
 
@@ -69,6 +80,9 @@ class Probe:
 
     def controls(self, window: dict[str, Any]) -> list[dict[str, Any]]:
         return self.ask(f"controls {window['number']}")["controls"]
+
+    def modal_window(self) -> dict[str, Any]:
+        return self.ask("modal-window")
 
     def screens(self) -> list[dict[str, Any]]:
         return self.ask("screens")["screens"]
