@@ -14,9 +14,15 @@
     return self;
 }
 
-- (void)loadWindow {
+/// A method of its own: the compiler cannot send to super from a lambda.
+- (void)loadInterface {
     vistrel::cocoa::native::provideImage([NSBundle bundleForClass:[self class]], @"Vistrel");
     [super loadWindow];
+}
+
+/// Without its interface file, or with a damaged one, the controller stays without a window.
+- (void)loadWindow {
+    vistrel::cocoa::runGuarded([self] { [self loadInterface]; });
 }
 
 /// The interface file connects the window by this method rather than by the variable.
