@@ -33,7 +33,10 @@
 
 - (void)awakeFromNib {
     outlets.connectWindow(window);
-    vistrel::cocoa::runGuarded([self] { core->awakeFromNib(); });
+    vistrel::cocoa::runGuarded([self] {
+        vistrel::cocoa::native::dressControls(window);
+        core->awakeFromNib();
+    });
 }
 
 - (IBAction)openManuals:(id)sender {
