@@ -30,6 +30,11 @@ BACKGROUND = 0x46637F
 # How much of the desktop a picture of one window shows around it, in pixels.
 MARGIN = 24
 
+ABOUT = "About Vistrel"
+
+# More than there are before the About window's icon is drawn.
+MANY_COLOURS = 500
+
 # Toggles are picked twice: there, and back.
 ARRANGE = [
     ("Toggle ½ Screen Left", "left-half"),
@@ -106,6 +111,24 @@ class Tour:
             lambda: not self.host.windows(settingswindow.TITLE), "the window to close"
         )
 
+    def about(self) -> None:
+        """Open the About window and close it."""
+        path = (self.window_menu, "Quorvix's Vistrel", "About")
+        if not self.host.item_at(*path)["enabled"]:
+            return
+        self.menus.pick(*path)
+        self.menus.close()
+        self.desktop.settle()
+        self.host.wait_until(lambda: self.host.windows(ABOUT), "the window")
+        frame = self.frame()
+        self.host.wait_until(
+            lambda: self.desktop.colours(frame) > MANY_COLOURS, "the icon to be drawn"
+        )
+        picture = self.picture("about", around(frame))
+        print(f"  {'About':46} {text(frame)}  {picture}")
+        self.desktop.keyboard.chord("Escape")
+        self.host.wait_until(lambda: not self.host.windows(ABOUT), "the window to close")
+
     def full_screen(self) -> None:
         """By its shortcut: the menu is out of sight when it is wanted again."""
         if not self.host.item_at(self.window_menu, "Toggle Fullscreen")["enabled"]:
@@ -142,6 +165,7 @@ class Tour:
         for title in ("Quorvix's Vistrel", "Settings", "Arrange"):
             self.show_menu(title.split()[-1].lower(), title)
         self.menus.close()
+        self.about()
         self.settings()
         for title, name in ARRANGE:
             self.pick(title, name, "Arrange")
