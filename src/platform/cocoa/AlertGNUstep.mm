@@ -6,7 +6,8 @@ namespace vistrel::cocoa::gnustep {
 
 namespace {
 
-/// The platform gives the keyboard to the main window, which need not be the one that had it.
+/// To be done while the alert is still in place. When it goes with the keyboard, the platform and the
+/// window manager each choose a window for it, and neither may choose this one.
 void giveKeyboardBack(NSWindow* window) {
     if ([NSApp isActive])
         [window makeKeyWindow];
@@ -21,8 +22,8 @@ bool runAlert(const Alert& alert) {
     NSWindow* const before = [[[NSApp keyWindow] retain] autorelease];
     VTRAlertPanel* const panel = [[[VTRAlertPanel alloc] initWithAlert:alert] autorelease];
     const bool isAccepted = [NSApp runModalForWindow:panel] == NSAlertDefaultReturn;
-    [panel orderOut:nil];
     giveKeyboardBack(before);
+    [panel orderOut:nil];
     [pool release];
     return isAccepted;
 }

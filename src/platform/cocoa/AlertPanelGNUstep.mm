@@ -44,7 +44,6 @@ NSView* limited(NSTextField* field, CGFloat most) {
     [scroll setHasVerticalScroller:YES];
     [scroll setDrawsBackground:NO];
     [scroll setDocumentView:field];
-    [field scrollPoint:NSMakePoint(0, NSMaxY([field frame]))];
     return scroll;
 }
 

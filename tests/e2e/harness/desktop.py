@@ -172,6 +172,12 @@ class Desktop:
         self.window(xid).configure(width=width, height=height)
         self.connection.sync()
 
+    def place_client(self, xid: int, place: Rect) -> None:
+        """Likewise; whether the place is that of the contents is the manager's affair."""
+        x, y, width, height = place
+        self.window(xid).configure(x=x, y=y, width=width, height=height)
+        self.connection.sync()
+
     def close_window(self, xid: int) -> None:
         now = self.server.time()
         self._ask_manager(xid, "_NET_CLOSE_WINDOW", [now, SOURCE_IS_A_PAGER])

@@ -24,7 +24,8 @@ NSDictionary* describeText(NSTextField* field) {
     return @{
         @"text" : [field stringValue],
         @"rect" : probe::rowsFromTop(onScreen(field)),
-        // Whether a part of it has to be scrolled to.
+        // Whether its first line is in view, and whether nothing has to be scrolled to.
+        @"begins" : probe::flag(NSMinY([field visibleRect]) == 0 && [field isFlipped]),
         @"whole" : probe::flag(NSEqualRects([field visibleRect], [field bounds])),
     };
 }
@@ -32,7 +33,6 @@ NSDictionary* describeText(NSTextField* field) {
 NSDictionary* describeButton(NSButton* button) {
     return @{
         @"title" : [button title],
-        @"keyEquivalent" : [button keyEquivalent],
         @"rect" : probe::rowsFromTop(onScreen(button)),
     };
 }
@@ -44,7 +44,7 @@ namespace probe {
 NSDictionary* modalWindow() {
     NSWindow* window = [NSApp modalWindow];
     if (!window)
-        return @{@"shown" : flag(NO)};
+        return @{};
     NSMutableArray *texts = [NSMutableArray array], *buttons = [NSMutableArray array];
     collect([window contentView], texts, buttons);
     NSMutableArray *saying = [NSMutableArray array], *offering = [NSMutableArray array];
@@ -53,11 +53,8 @@ NSDictionary* modalWindow() {
     for (NSButton* button in buttons)
         [offering addObject:describeButton(button)];
     return @{
-        @"shown" : flag(YES),
-        @"number" : @([window windowNumber]),
+        @"class" : NSStringFromClass([window class]),
         @"xid" : identifierOfXServer(window),
-        @"key" : flag([window isKeyWindow]),
-        @"level" : @([window level]),
         @"texts" : saying,
         @"buttons" : offering,
     };
