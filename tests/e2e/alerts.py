@@ -58,6 +58,7 @@ def shown(host: Host) -> Alert | None:
 def wait_for_alert(host: Host, picture: Path | None = None) -> Alert:
     """An alert that is on screen, drawn, and has the keyboard."""
     alert = host.wait_until(lambda: shown(host), "an alert")
+    host.wait_until(lambda: host.desktop.focus() == alert.xid, "the alert to have the keyboard")
     host.wait_for_focus()
     assert host.key_window()["xid"] == alert.xid
     area = host.desktop.geometry(alert.xid).client
@@ -105,10 +106,15 @@ WAYS_OUT = {
 }
 
 
-def dismiss(host: Host, way: str = "Return") -> None:
-    """Returns when the host has the keyboard again and nothing is left of the alert."""
+def answer(host: Host, way: str) -> Alert:
     alert = shown(host)
     WAYS_OUT[way](host, alert)
+    return alert
+
+
+def dismiss(host: Host, way: str = "Return") -> None:
+    """Returns when the host has the keyboard again and nothing is left of the alert."""
+    alert = answer(host, way)
     host.wait_until(lambda: shown(host) is None, f"{way} to dismiss the alert")
     host.wait_for_focus()
     assert alert.xid not in [window["xid"] for window in host.probe.windows()]

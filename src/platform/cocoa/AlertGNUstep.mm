@@ -1,16 +1,32 @@
 #import "platform/cocoa/AlertGNUstep.h"
 
 #import "platform/cocoa/AlertPanelGNUstep.h"
+#import "platform/cocoa/StackingGNUstep.h"
+#import "platform/cocoa/X11GNUstep.h"
 
 namespace vistrel::cocoa::gnustep {
 
 namespace {
 
-/// To be done while the alert is still in place. When it goes with the keyboard, the platform and the
-/// window manager each choose a window for it, and neither may choose this one.
+/// As the platform does it first of all when it runs a window modally, and so that no key is typed
+/// into another window.
+void show(NSPanel* panel) {
+    [panel setLevel:NSModalPanelWindowLevel];
+    [panel center];
+    [panel orderFrontRegardless];
+    if (![NSApp isActive] || !waitUntilShown(xWindow(panel)))
+        return;
+    [panel makeKeyWindow];
+    takeFocus(panel);
+}
+
+/// To be done while the alert is still in place. When it goes with the keyboard, the platform and
+/// the window manager each choose a window for it, and neither may choose this one.
 void giveKeyboardBack(NSWindow* window) {
-    if ([NSApp isActive])
-        [window makeKeyWindow];
+    if (![NSApp isActive])
+        return;
+    [window makeKeyWindow];
+    takeFocus(window);
 }
 
 } // namespace
@@ -21,6 +37,7 @@ bool runAlert(const Alert& alert) {
     NSAutoreleasePool* const pool = [[NSAutoreleasePool alloc] init];
     NSWindow* const before = [[[NSApp keyWindow] retain] autorelease];
     VTRAlertPanel* const panel = [[[VTRAlertPanel alloc] initWithAlert:alert] autorelease];
+    show(panel);
     const bool isAccepted = [NSApp runModalForWindow:panel] == NSAlertDefaultReturn;
     giveKeyboardBack(before);
     [panel orderOut:nil];

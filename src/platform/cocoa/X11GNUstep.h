@@ -56,6 +56,11 @@ enum class StateChange : long { remove = 0, add = 1 };
 void changeState(NSWindow* window, StateChange change, const char* state,
                  const char* other = nullptr);
 
+/// Gives the keyboard to `window`, if it is mapped and a window of the host has it now. The
+/// platform asks for that as of the last event it has seen, and is ignored if the keyboard has gone
+/// from one window to another since; this is never too late.
+void takeFocus(NSWindow* window);
+
 /// Hands everything that the X server has sent to the back end. Windows learn at once where they
 /// are; what the user did stays queued, in order, for the application. No timer, no other input and
 /// no part of the run loop is served. Exceptions of the host's delegates are stopped here.

@@ -101,6 +101,16 @@ NSRect serverClient(NSWindow* window) {
     return NSMakeRect(left, top, width, height);
 }
 
+bool hostHasFocus() {
+    ::Window focus = None;
+    int revertTo = 0;
+    XGetInputFocus(display(), &focus, &revertTo);
+    for (NSWindow* window in [NSApp windows])
+        if (xWindow(window) != 0 && xWindow(window) == focus)
+            return true;
+    return false;
+}
+
 } // namespace
 
 Display* display() {
@@ -189,6 +199,15 @@ void changeState(NSWindow* window, StateChange change, const char* state, const 
     XSendEvent(connection, XDefaultRootWindow(connection), False,
                SubstructureNotifyMask | SubstructureRedirectMask, &event);
     XFlush(connection);
+}
+
+void takeFocus(NSWindow* window) {
+    if (!isMapped(window) || !hostHasFocus())
+        return;
+    const ErrorTrap trap(display());
+    XSetInputFocus(display(), xWindow(window), RevertToParent, CurrentTime);
+    // Until then, what the window manager has done meanwhile may make the request fail.
+    XSync(display(), False);
 }
 
 void takeEvents() {
