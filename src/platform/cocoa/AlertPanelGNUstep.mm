@@ -178,8 +178,8 @@ using namespace vistrel::cocoa;
     return YES;
 }
 
-/// Escape, the alternate button and window managers come here. The alert stays in place until it has
-/// ended, so that the keyboard does not leave the host in between.
+/// Escape, the alternate button and window managers come here. The alert stays in place until it
+/// has ended, so that the keyboard does not leave the host in between.
 - (void)close {
     if ([NSApp modalWindow] == self)
         runGuarded([] { [NSApp stopModalWithCode:NSAlertAlternateReturn]; });
