@@ -30,7 +30,7 @@ SCREEN_PICTURES = {
         "centred", "standard-size", "fullscreen", "hidden", "floating",
     )
 }
-WINDOW_PICTURES = {"settings": "settings-window", "about": "about-window"}
+WINDOW_PICTURES = {"settings": "settings-window", "about": "about"}
 ANIMATION = (
     "window-menu", "arrange", "left-half", "left-half-back", "right-half",
     "middle-third", "middle-third-back", "standard-size", "fullscreen", "fullscreen-back",
