@@ -11,10 +11,10 @@ from collections.abc import Callable, Iterator
 from pathlib import Path
 
 import pytest
+from alerts import dismiss, wait_for_alert
 from commands import Commands
-from harness import alerts, webserver
+from harness import webserver
 from harness.account import Account
-from harness.alerts import Alert
 from harness.browser import Browser
 from harness.devices import COMMAND
 from harness.host import Host
@@ -23,16 +23,19 @@ from harness.webserver import Answer, WebServer
 StartHost = Callable[..., Host]
 Start = Callable[..., Commands]
 
+# Title, message, and the buttons, the default one first.
+Words = tuple[str, str, list[str]]
+
 VERSION_FILE = "/versions/Vistrel.txt"
 RELEASE_NOTES = "/blog/vistrel?from=menu&to='you'"
 
-UP_TO_DATE = Alert(
+UP_TO_DATE = (
     "You're up to date!",
     "Your copy of Quorvix's Vistrel is currently the latest version available.",
     ["OK"],
 )
-UPDATE = Alert("Update available", "Do you want to download it now?", ["Download", "Cancel"])
-ERROR = Alert(
+UPDATE = ("Update available", "Do you want to download it now?", ["Download", "Cancel"])
+ERROR = (
     "Error!",
     "Unable to check for updates. Please check your internet connection and try again later.",
     ["OK"],
@@ -80,13 +83,11 @@ def choose(commands: Commands, title: str) -> None:
     commands.menus.pick(menu, "Quorvix's Vistrel", title)
 
 
-def check(commands: Commands) -> Alert:
+def check(commands: Commands, picture: Path | None = None) -> Words:
     choose(commands, "Check for Updates…")
-    return alerts.wait_for(commands.host)
-
-
-def dismiss(commands: Commands, key: str = "Return") -> None:
-    alerts.answer(commands.host, key)
+    alert = wait_for_alert(commands.host, picture)
+    assert alert.whole
+    return (*alert.words, list(alert.buttons))
 
 
 def assert_usable(commands: Commands) -> None:
@@ -126,7 +127,7 @@ def test_any_other_text_is_an_update(start: Start, server: WebServer, content: s
     commands = start()
     assert check(commands) == UPDATE
     assert server.log == [VERSION_FILE] * 2
-    dismiss(commands, "Escape")
+    dismiss(commands.host, "Escape")
     assert_usable(commands)
 
 
@@ -134,7 +135,7 @@ def test_the_exact_version_is_up_to_date(start: Start, server: WebServer) -> Non
     commands = start()
     assert check(commands) == UP_TO_DATE
     assert server.log == [VERSION_FILE] * 2
-    dismiss(commands)
+    dismiss(commands.host)
     assert_usable(commands)
 
 
@@ -158,7 +159,7 @@ def test_a_first_download_that_fails_is_an_error(
     commands = start()
     assert check(commands) == ERROR
     assert server.log == [VERSION_FILE], "it is not asked again"
-    dismiss(commands)
+    dismiss(commands.host)
     assert_usable(commands)
 
 
@@ -166,14 +167,14 @@ def test_a_server_that_is_down_is_an_error(start: Start, server: WebServer) -> N
     commands = start()
     server.close()
     assert check(commands) == ERROR
-    dismiss(commands, "Escape")
+    dismiss(commands.host, "Escape")
     assert_usable(commands)
 
 
 def test_a_host_name_that_does_not_exist_is_an_error(start: Start) -> None:
     commands = start(VTRMainServer="http://quorvix.invalid")
     assert check(commands) == ERROR
-    dismiss(commands)
+    dismiss(commands.host)
     assert_usable(commands)
 
 
@@ -186,7 +187,7 @@ def test_a_server_that_says_nothing_is_an_error_in_the_end(
     with commands.host.probe.patient(2 * TIMEOUT_SECONDS):
         assert check(commands) == ERROR
     assert server.log == [VERSION_FILE]
-    dismiss(commands)
+    dismiss(commands.host)
     assert_usable(commands)
 
 
@@ -198,7 +199,7 @@ def test_a_second_download_that_fails_is_an_update(
     commands = start()
     assert check(commands) == UPDATE
     assert server.log == [VERSION_FILE] * 2
-    dismiss(commands, "Escape")
+    dismiss(commands.host, "Escape")
     assert_usable(commands)
 
 
@@ -206,7 +207,7 @@ def test_the_second_text_is_the_one_that_counts(start: Start, server: WebServer)
     server.answers = [webserver.text("anything"), CURRENT]
     commands = start()
     assert check(commands) == UP_TO_DATE
-    dismiss(commands)
+    dismiss(commands.host)
 
 
 def test_redirections_are_followed(start: Start, server: WebServer) -> None:
@@ -215,7 +216,7 @@ def test_redirections_are_followed(start: Start, server: WebServer) -> None:
     commands = start()
     assert check(commands) == UP_TO_DATE
     assert server.log == [VERSION_FILE, "/moved"] * 2
-    dismiss(commands)
+    dismiss(commands.host)
 
 
 def test_redirections_in_circles_are_an_error(start: Start, server: WebServer) -> None:
@@ -223,7 +224,7 @@ def test_redirections_in_circles_are_an_error(start: Start, server: WebServer) -
     commands = start()
     assert check(commands) == ERROR
     assert server.log == [VERSION_FILE] * 11, "the first one and ten more"
-    dismiss(commands)
+    dismiss(commands.host)
     assert_usable(commands)
 
 
@@ -232,26 +233,22 @@ def test_every_check_asks_the_server_anew(start: Start, server: WebServer) -> No
     commands = start()
     for expected in (UP_TO_DATE, UPDATE, UP_TO_DATE):
         assert check(commands) == expected
-        dismiss(commands, "Escape")
+        dismiss(commands.host, "Escape")
     assert server.log == [VERSION_FILE] * 6
 
 
 @pytest.mark.parametrize(
-    "name, answers",
-    [("up-to-date", [CURRENT]), ("update", [webserver.text("1.2")]), ("error", [FAILURES["404"]])],
+    "expected, answer",
+    [(UP_TO_DATE, CURRENT), (UPDATE, webserver.text("1.2")), (ERROR, FAILURES["404"])],
+    ids=["up-to-date", "update", "error"],
 )
-def test_the_alerts_have_their_pictures_taken(
-    start: Start, server: WebServer, pictures: Path, name: str, answers: list[Answer]
+def test_each_alert_is_in_the_picture(
+    start: Start, server: WebServer, pictures: Path, expected: Words, answer: Answer
 ) -> None:
-    server.answers = answers
+    server.answers = [answer]
     commands = start()
-    check(commands)
-    place = alerts.area(commands.host)
-    width, height = commands.desktop.size
-    assert place.x > 0 and place.x + place.width < width
-    assert place.y > 0 and place.y + place.height < height
-    commands.desktop.screenshot(pictures / f"{name}.png")
-    dismiss(commands, "Escape")
+    assert check(commands, pictures / "alert.png") == expected
+    dismiss(commands.host, "Escape")
 
 
 def test_the_library_of_downloads_is_loaded_by_the_first_check(
@@ -264,7 +261,7 @@ def test_the_library_of_downloads_is_loaded_by_the_first_check(
     assert not is_loaded(commands)
     check(commands)
     assert is_loaded(commands)
-    dismiss(commands)
+    dismiss(commands.host)
 
 
 # Pages
@@ -277,7 +274,7 @@ def test_download_opens_the_release_notes_once(
     commands = start()
     strangers = Strangers(commands)
     check(commands)
-    dismiss(commands, "Return")
+    dismiss(commands.host, "Return")
     commands.host.wait_until(browser.pages, "the browser")
     strangers.wait_for_end()
     assert browser.pages() == [server.url + RELEASE_NOTES]
@@ -294,7 +291,7 @@ def test_any_other_answer_opens_nothing(
     commands = start()
     strangers = Strangers(commands)
     check(commands)
-    dismiss(commands, key)
+    dismiss(commands.host, key)
     strangers.wait_for_end()
     assert browser.pages() == []
     assert server.log == [VERSION_FILE] * 2

@@ -4,6 +4,6 @@ Each module has one subject: ``waiting`` (conditions with a limit),
 ``account`` (a private user), ``xserver`` and ``windowmanager`` (processes of
 a desktop), ``devices`` (mouse and keyboard), ``desktop`` (all of a screen),
 ``probe`` (what the host says of itself), ``host`` (a running application),
-``menus``, ``controls`` and ``alerts`` (its menus, windows and modal alerts, worked
-as its user works them), ``webserver`` and ``browser`` (both ends of the web).
+``menus``, ``controls`` and ``form`` (its menus and the windows of ours, worked as
+its user works them), ``webserver`` and ``browser`` (both ends of the web).
 """

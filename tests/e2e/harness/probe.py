@@ -81,9 +81,6 @@ class Probe:
     def controls(self, window: dict[str, Any]) -> list[dict[str, Any]]:
         return self.ask(f"controls {window['number']}")["controls"]
 
-    def modal_window(self) -> dict[str, Any]:
-        return self.ask("modal-window")
-
     def screens(self) -> list[dict[str, Any]]:
         return self.ask("screens")["screens"]
 
