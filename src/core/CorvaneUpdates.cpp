@@ -21,11 +21,12 @@ void Corvane::updates() {
                        "again later.");
         return;
     }
-    if (web.textAtURL(address) == currentVersion)
+    if (web.textAtURL(address) == currentVersion) {
         tell("You're up to date!",
              "Your copy of Quorvix's Vistrel is currently the latest version available.");
-    else
+    } else {
         offerDownload();
+    }
 }
 
 void Corvane::offerDownload() {
