@@ -5,12 +5,13 @@ from __future__ import annotations
 from collections.abc import Callable, Iterator
 
 import pytest
-from alerts import NOTHING_SAVED, RESTORE, SAVE, SAVED, SHORTCUTS, saved_text, told
 from commands import Commands
 from harness.account import Account
+from harness.alerts import Alert
 from harness.desktop import Desktop, MultiMonitorDesktop
 from harness.geometry import Rect
 from harness.host import Host
+from savedframe import NOTHING_SAVED, RESTORE, SAVE, SAVED, SHORTCUTS, saved_text, told
 from test_block import write_settings
 
 StartHost = Callable[..., Host]
@@ -157,9 +158,9 @@ def test_a_half_after_restoring_is_a_first_one(start_host: StartHost, screen: De
 # Displays
 
 
-def saved_for(displays: int) -> tuple[str, str]:
+def saved_for(displays: int) -> Alert:
     message = f"Current window frame successfully saved for setup with {displays} display(s)."
-    return SAVED[0], message
+    return SAVED._replace(message=message)
 
 
 @pytest.fixture

@@ -7,13 +7,16 @@ from collections.abc import Callable
 import pytest
 from commands import SHORTCUTS, Commands
 from harness.account import Account
+from harness.alerts import Alert
 from harness.devices import COMMAND, CONTROL, OPTION, SHIFT
 from harness.host import Host
+from savedframe import NOTHING_SAVED, RESTORE, SAVE, SAVED, told
 from test_block import write_settings
 
 StartHost = Callable[..., Host]
 
 AT_ONCE = ("-NSWindowResizeTime", "0")
+
 
 def start(start_host: StartHost, name: str = "TextEdit", *arguments: str) -> Commands:
     return Commands(start_host(name, *AT_ONCE, *arguments))
@@ -36,15 +39,22 @@ def test_every_built_in_shortcut_chooses_its_command(
     assert untouched_text(commands)
 
 
-def test_the_shortcuts_of_the_settings_menu_choose_their_items(
-    start_host: StartHost, account: Account
+@pytest.mark.parametrize("title, alert", [(SAVE, SAVED), (RESTORE, NOTHING_SAVED)])
+def test_the_shortcuts_of_the_saved_frame_choose_their_commands(
+    start_host: StartHost, title: str, alert: Alert
 ) -> None:
-    account.write_defaults("TextEdit", {"vtr_savedWindowRect": "{{200, 150}, {500, 400}}"})
     commands = start(start_host)
-    restore = (COMMAND, OPTION, CONTROL, "Return")
-    assert commands.chosen_by(*restore) == "Restore Default Window Frame"
+    before = commands.actions()
+    assert told(commands, title) == alert
+    assert commands.actions() == before + 1
+    assert commands.host.probe.state()["lastAction"] == title
     assert untouched_text(commands)
+
+
+def test_the_shortcut_of_the_settings_chooses_its_item(start_host: StartHost) -> None:
+    commands = start(start_host)
     assert commands.chosen_by(COMMAND, OPTION, "comma") == "Settings…"
+    assert not commands.host.windows("Untitled-1")[0]["edited"]
 
 
 @pytest.mark.parametrize("key", ["Return", "KP_Enter"])

@@ -68,7 +68,10 @@ void perform(Action action) {
 
 /// While an alert is up it is the key window, which a command would move, or save the frame of.
 - (BOOL)validateMenuItem:(NSMenuItem*)item {
-    return vistrel::cocoa::native::isRunningAlert() ? NO : YES;
+    BOOL isValid = YES;
+    vistrel::cocoa::runGuarded(
+        [&isValid] { isValid = vistrel::cocoa::native::isRunningAlert() ? NO : YES; });
+    return isValid;
 }
 
 - (void)about:(id)sender {

@@ -136,6 +136,8 @@ class Silence {
 
     Silence(const Silence&) = delete;
     Silence& operator=(const Silence&) = delete;
+    Silence(Silence&&) = delete;
+    Silence& operator=(Silence&&) = delete;
 
   private:
     xmlGenericErrorFunc function_ = xmlGenericError;

@@ -5,6 +5,7 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <utility>
 
 namespace vistrel::posix {
 
@@ -23,7 +24,7 @@ bool isNamed(int file, const std::string& path) {
 
 } // namespace
 
-TemporaryFile::TemporaryFile(const std::string& target) : target_(target) {
+TemporaryFile::TemporaryFile(std::string target) : target_(std::move(target)) {
     if (!openShared() && !openOwn())
         file_ = Descriptor();
 }

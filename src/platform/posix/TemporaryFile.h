@@ -14,10 +14,12 @@ namespace vistrel::posix {
 class TemporaryFile {
   public:
     /// isOpen() tells whether there is one.
-    explicit TemporaryFile(const std::string& target);
+    explicit TemporaryFile(std::string target);
 
     TemporaryFile(const TemporaryFile&) = delete;
     TemporaryFile& operator=(const TemporaryFile&) = delete;
+    TemporaryFile(TemporaryFile&&) = delete;
+    TemporaryFile& operator=(TemporaryFile&&) = delete;
 
     /// Removes the file, unless it has taken the target's place.
     ~TemporaryFile();
