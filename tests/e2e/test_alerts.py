@@ -7,17 +7,17 @@ from collections.abc import Callable
 from pathlib import Path
 
 import pytest
+from alerts import (
+    NOTHING_SAVED, RESTORE, SAVE, SAVED, SHORTCUTS, WAYS_OUT, ask_for, dismiss, shown,
+    told, wait_for_alert,
+)
 from commands import Commands
-from harness import alerts, applications
+from harness import applications
 from harness.account import Account
-from harness.alerts import WAYS_OUT, Alert
 from harness.desktop import Desktop
 from harness.devices import COMMAND, CONTROL
 from harness.geometry import Rect
 from harness.host import Host
-from savedframe import (
-    NOTHING_SAVED, RESTORE, SAVE, SAVED, SHORTCUTS, ask_for, dismiss, told,
-)
 
 StartHost = Callable[..., Host]
 
@@ -39,14 +39,16 @@ def window_title(screen: Desktop, xid: int) -> str:
     return screen.window(xid).get_full_property(atom, 0).value.decode()
 
 
-@pytest.mark.parametrize("title, alert", [(SAVE, SAVED), (RESTORE, NOTHING_SAVED)])
+@pytest.mark.parametrize("title, words", [(SAVE, SAVED), (RESTORE, NOTHING_SAVED)])
 def test_an_alert_shows_exactly_its_words_and_one_button(
-    start_host: StartHost, screen: Desktop, pictures: Path, title: str, alert: Alert
+    start_host: StartHost, screen: Desktop, pictures: Path, title: str, words: tuple[str, str]
 ) -> None:
     commands = start(start_host, screen)
-    assert ask_for(commands, title, pictures / "alert.png") == alert
-    assert alerts.is_whole(commands.host)
-    assert window_title(screen, alerts.xid(commands.host)) == alert.title
+    alert = ask_for(commands, title, pictures / "alert.png")
+    assert alert.words == words
+    assert list(alert.buttons) == ["OK"]
+    assert alert.whole
+    assert window_title(screen, alert.xid) == words[0]
 
 
 @pytest.mark.parametrize("way", WAYS_OUT)
@@ -60,7 +62,7 @@ def test_every_way_out_leaves_the_host_as_it_was(
     windows = len(commands.host.windows())
     for title in (RESTORE, SAVE):
         ask_for(commands, title)
-        dismiss(commands, way)
+        dismiss(commands.host, way)
         assert commands.host.key_window()["number"] == key["number"]
         assert len(commands.host.windows()) == windows
     # The next command is the key window's.
@@ -80,7 +82,7 @@ def test_the_keyboard_goes_back_to_the_panel_that_had_it(
     )
     panel = commands.host.wait_for_focus()
     ask_for(commands, RESTORE)
-    dismiss(commands)
+    dismiss(commands.host)
     assert commands.host.key_window()["number"] == panel["number"]
     assert commands.host.probe.state()["mainWindow"] == document["number"]
 
@@ -89,15 +91,15 @@ def test_commands_wait_until_the_alert_is_gone(start_host: StartHost, screen: De
     """They would be the alert's, which is the key window: a held key would save its frame."""
     commands = start(start_host, screen)
     before = commands.frame()
-    ask_for(commands, SAVE)
+    alert = ask_for(commands, SAVE)
     stored = commands.host.default("vtr_savedWindowRect")
-    place = alerts.area(commands.host)
+    place = screen.geometry(alert.xid)
     for keys in (SHORTCUTS[SAVE], (CONTROL, "bracketleft"), (COMMAND, "Return")):
         screen.keyboard.chord(*keys)
         commands.host.catch_up()
-    assert alerts.shown(commands.host) == SAVED
-    assert alerts.area(commands.host) == place
-    dismiss(commands)
+    assert shown(commands.host) == alert
+    assert screen.geometry(alert.xid) == place
+    dismiss(commands.host)
     assert commands.host.default("vtr_savedWindowRect") == stored
     assert commands.frame() == before
     commands.press("Toggle ½ Screen Left")
@@ -117,13 +119,12 @@ def test_an_alert_is_above_the_window_in_every_mode(
         commands.host.wait_until(lambda: commands.client() == area, "the full screen")
         commands.host.catch_up()
     window = commands.host.key_window()
-    ask_for(commands, SAVE)
-    alert = alerts.xid(commands.host)
+    alert = ask_for(commands, SAVE)
     commands.host.wait_until(
-        lambda: screen.is_above(alert, window["xid"]), "the alert to be on top"
+        lambda: screen.is_above(alert.xid, window["xid"]), "the alert to be on top"
     )
     screen.screenshot(pictures / "alert.png")
-    dismiss(commands, "button")
+    dismiss(commands.host, "button")
     assert commands.host.key_window()["number"] == window["number"]
     commands.press(mode)
 
@@ -136,9 +137,9 @@ def test_an_alert_waits_while_another_application_is_in_front(
     ask_for(commands, SAVE)
     other = start(start_host, screen, "Ink")
     assert told(other, SAVE) == SAVED
-    commands.host.activate(SAVED.title)
-    assert alerts.wait_for(commands.host) == SAVED
-    dismiss(commands)
+    commands.host.activate(SAVED[0])
+    assert wait_for_alert(commands.host).words == SAVED
+    dismiss(commands.host)
     assert commands.host.key_window()["number"] == key["number"]
 
 
@@ -152,8 +153,8 @@ def test_an_alert_over_a_modal_panel_gives_it_back(
         lambda: commands.host.probe.state()["modalWindow"], "the panel to open"
     )
     commands.host.wait_for_focus()
-    assert ask_for(commands, RESTORE, pictures / "alert.png") == NOTHING_SAVED
-    dismiss(commands)
+    assert ask_for(commands, RESTORE, pictures / "alert.png").words == NOTHING_SAVED
+    dismiss(commands.host)
     assert commands.host.probe.state()["modalWindow"] == panel
     assert commands.host.key_window()["number"] == panel
     screen.keyboard.chord("Escape")
@@ -171,8 +172,10 @@ def test_a_host_without_a_window_shows_alerts_too(
     commands.chosen_by(COMMAND, "w")
     commands.host.wait_until(lambda: not commands.host.windows(), "the window to close")
     commands.menus.pick("Window", "Settings", SAVE)
-    assert commands.host.wait_until(lambda: alerts.shown(commands.host), "an alert") == SAVED
-    alerts.answer(commands.host, "button")
+    alert = commands.host.wait_until(lambda: shown(commands.host), "an alert")
+    assert alert.words == SAVED
+    screen.mouse.click(*alert.buttons["OK"].centre)
+    commands.host.wait_until(lambda: shown(commands.host) is None, "the alert to go")
     commands.menus.close()
     assert commands.host.default("vtr_savedWindowRect").value == "{{0, 0}, {0, 0}}"
 
@@ -209,38 +212,38 @@ def translated(account: Account) -> Callable[[dict[str, str]], str]:
 def test_a_translated_alert_shows_the_hosts_words(
     start_host: StartHost, screen: Desktop, translated, pictures: Path
 ) -> None:
-    strings = {"Success!": PERCENT, "Error!": PERCENT, NOTHING_SAVED.message: PERCENT}
-    unused = {"OK": "no", SAVED.message: "no"}
-    commands = start(start_host, screen, translated({**strings, **unused}))
+    strings = {"Success!": PERCENT, "Error!": PERCENT, NOTHING_SAVED[1]: PERCENT, "OK": "no"}
+    commands = start(start_host, screen, translated({**strings, SAVED[1]: "no"}))
     alert = ask_for(commands, RESTORE, pictures / "alert.png")
-    assert alert == Alert(PERCENT, PERCENT, ["OK"])
-    dismiss(commands)
-    assert told(commands, SAVE) == SAVED._replace(title=PERCENT)
+    assert alert.words == (PERCENT, PERCENT)
+    assert list(alert.buttons) == ["OK"]
+    dismiss(commands.host)
+    assert told(commands, SAVE) == (PERCENT, SAVED[1])
 
 
 def test_a_long_message_is_shown_whole(
     start_host: StartHost, screen: Desktop, translated, pictures: Path
 ) -> None:
-    commands = start(start_host, screen, translated({NOTHING_SAVED.message: LONG}))
+    commands = start(start_host, screen, translated({NOTHING_SAVED[1]: LONG}))
     alert = ask_for(commands, RESTORE, pictures / "alert.png")
-    assert alert == NOTHING_SAVED._replace(message=LONG)
-    assert alerts.is_whole(commands.host)
-    assert_on_screen(screen, alerts.area(commands.host))
+    assert alert.message == LONG and alert.whole
+    assert_on_screen(screen, alert.xid)
 
 
 def test_an_endless_message_is_scrolled_and_its_button_stays_on_screen(
     start_host: StartHost, screen: Desktop, translated, pictures: Path
 ) -> None:
-    strings = {"Error!": ENDLESS, NOTHING_SAVED.message: ENDLESS}
+    strings = {"Error!": ENDLESS, NOTHING_SAVED[1]: ENDLESS}
     commands = start(start_host, screen, translated(strings))
     alert = ask_for(commands, RESTORE, pictures / "alert.png")
-    assert alert == Alert(ENDLESS, ENDLESS, ["OK"])
-    assert alerts.begins(commands.host) and not alerts.is_whole(commands.host)
-    assert_on_screen(screen, alerts.area(commands.host))
-    dismiss(commands, "button")
+    assert alert.words == (ENDLESS, ENDLESS)
+    assert alert.begins and not alert.whole
+    assert_on_screen(screen, alert.xid)
+    dismiss(commands.host, "button")
 
 
-def assert_on_screen(screen: Desktop, frame: Rect) -> None:
+def assert_on_screen(screen: Desktop, xid: int) -> None:
+    frame = screen.geometry(xid).frame
     width, height = screen.size
     assert 0 <= frame.x and frame.x + frame.width <= width
     assert 0 <= frame.y and frame.y + frame.height <= height

@@ -8,16 +8,14 @@ from collections.abc import Callable
 from pathlib import Path
 
 import pytest
+from alerts import answer, shown, wait_for_alert
 from commands import Commands
-from harness import alerts, applications
+from harness import applications
 from harness.account import Account
-from harness.alerts import Alert
 from harness.host import Host
 from harness.waiting import wait_until
 
 StartHost = Callable[..., Host]
-
-ALERT = Alert("VTR!", "RestartIndex == 0 - Should restart", ["OK"])
 
 
 @pytest.fixture
@@ -70,10 +68,12 @@ def test_the_finder_tells_that_it_restarts_and_quits(
     commands = start(str(application))
     processes = account.processes()
     restart(commands)
-    assert alerts.wait_for(commands.host, pictures / "alert.png") == ALERT
+    alert = wait_for_alert(commands.host, pictures / "alert.png")
+    assert alert.words == ("VTR!", "RestartIndex == 0 - Should restart")
+    assert list(alert.buttons) == ["OK"]
     assert account.processes() == processes, "no other program was asked for the name"
     assert not record.exists()
-    alerts.WAYS_OUT[way](commands.host)
+    answer(commands.host, way)
     assert commands.host.process.wait(10) == 0
     wait_until(record.exists, "the shell to start")
     assert record.read_bytes().split(b"\0")[:-1] == [
@@ -85,6 +85,7 @@ def test_a_host_of_another_name_goes_on(start, record: Path) -> None:
     commands = start("TextEdit")
     restart(commands)
     commands.host.catch_up()
+    assert shown(commands.host) is None
     assert commands.host.probe.state()["modalWindow"] is None
     commands.press("Toggle ½ Screen Left")
     assert commands.frame().x == 0

@@ -5,13 +5,12 @@ from __future__ import annotations
 from collections.abc import Callable, Iterator
 
 import pytest
+from alerts import NOTHING_SAVED, RESTORE, SAVE, SAVED, SHORTCUTS, saved_text, told
 from commands import Commands
 from harness.account import Account
-from harness.alerts import Alert
 from harness.desktop import Desktop, MultiMonitorDesktop
 from harness.geometry import Rect
 from harness.host import Host
-from savedframe import NOTHING_SAVED, RESTORE, SAVE, SAVED, SHORTCUTS, saved_text, told
 from test_block import write_settings
 
 StartHost = Callable[..., Host]
@@ -158,9 +157,9 @@ def test_a_half_after_restoring_is_a_first_one(start_host: StartHost, screen: De
 # Displays
 
 
-def saved_for(displays: int) -> Alert:
+def saved_for(displays: int) -> tuple[str, str]:
     message = f"Current window frame successfully saved for setup with {displays} display(s)."
-    return SAVED._replace(message=message)
+    return SAVED[0], message
 
 
 @pytest.fixture

@@ -5,12 +5,11 @@ from __future__ import annotations
 from collections.abc import Callable
 
 import pytest
+from alerts import NOTHING_SAVED, RESTORE, SAVE, SAVED, told
 from commands import SHORTCUTS, Commands
 from harness.account import Account
-from harness.alerts import Alert
 from harness.devices import COMMAND, CONTROL, OPTION, SHIFT
 from harness.host import Host
-from savedframe import NOTHING_SAVED, RESTORE, SAVE, SAVED, told
 from test_block import write_settings
 
 StartHost = Callable[..., Host]
@@ -39,13 +38,13 @@ def test_every_built_in_shortcut_chooses_its_command(
     assert untouched_text(commands)
 
 
-@pytest.mark.parametrize("title, alert", [(SAVE, SAVED), (RESTORE, NOTHING_SAVED)])
+@pytest.mark.parametrize("title, words", [(SAVE, SAVED), (RESTORE, NOTHING_SAVED)])
 def test_the_shortcuts_of_the_saved_frame_choose_their_commands(
-    start_host: StartHost, title: str, alert: Alert
+    start_host: StartHost, title: str, words: tuple[str, str]
 ) -> None:
     commands = start(start_host)
     before = commands.actions()
-    assert told(commands, title) == alert
+    assert told(commands, title) == words
     assert commands.actions() == before + 1
     assert commands.host.probe.state()["lastAction"] == title
     assert untouched_text(commands)

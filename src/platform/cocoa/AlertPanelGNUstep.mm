@@ -187,8 +187,10 @@ using namespace vistrel::cocoa;
         [super close];
 }
 
+/// The host may run another window above this one meanwhile, which this is no answer to.
 - (void)accept:(id)sender {
-    runGuarded([] { [NSApp stopModalWithCode:NSAlertDefaultReturn]; });
+    if ([NSApp modalWindow] == self)
+        runGuarded([] { [NSApp stopModalWithCode:NSAlertDefaultReturn]; });
 }
 
 @end

@@ -55,7 +55,6 @@ NSDictionary* modalWindow() {
     return @{
         @"class" : NSStringFromClass([window class]),
         @"xid" : identifierOfXServer(window),
-        @"key" : flag([window isKeyWindow]),
         @"texts" : saying,
         @"buttons" : offering,
     };
