@@ -313,7 +313,7 @@ TEST_P(RestoringEnds, TheLayoutOnlyAfterTheAlertIsDismissed) {
     const auto flag = GetParam().second;
     (controller().*GetParam().first)();
     bool duringAlert = false;
-    it.host.duringAlert = [&] { duringAlert = it.fields().*flag; };
+    it.host.duringAlert = [&, isOn = flag] { duringAlert = it.fields().*isOn; };
     controller().restoreWind();
     EXPECT_TRUE(duringAlert);
 }
