@@ -1,9 +1,13 @@
 # Finds Cocoa: the frameworks of macOS, or GNUstep and an Objective-C++ compiler for it. Defines the
-# target `cocoa`, which everything that touches Cocoa links to.
+# target `cocoa`, which everything that touches Cocoa links to, and `foundation`, the part of it that
+# needs no screen.
+add_library(foundation INTERFACE)
 add_library(cocoa INTERFACE)
+target_link_libraries(cocoa INTERFACE foundation)
 
 if(APPLE)
     enable_language(OBJCXX)
+    target_link_libraries(foundation INTERFACE "-framework Foundation")
     target_link_libraries(cocoa INTERFACE "-framework Cocoa")
     return()
 endif()
@@ -15,7 +19,7 @@ set(CMAKE_OBJCXX_COMPILER ${CLANGXX})
 enable_language(OBJCXX)
 
 find_program(GNUSTEP_CONFIG gnustep-config REQUIRED)
-foreach(kind objc-flags gui-libs)
+foreach(kind objc-flags base-libs gui-libs)
     execute_process(COMMAND ${GNUSTEP_CONFIG} --${kind}
         OUTPUT_VARIABLE ${kind} OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
     if(NOT ${kind})
@@ -36,6 +40,7 @@ find_path(OBJC_INCLUDE objc/objc.h HINTS ${gcc_include} REQUIRED)
 file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/objc-include)
 file(CREATE_LINK ${OBJC_INCLUDE}/objc ${PROJECT_BINARY_DIR}/objc-include/objc SYMBOLIC)
 
-target_compile_options(cocoa INTERFACE $<$<COMPILE_LANGUAGE:OBJCXX>:${objc-flags}
+target_compile_options(foundation INTERFACE $<$<COMPILE_LANGUAGE:OBJCXX>:${objc-flags}
     -fobjc-runtime=gcc -isystem${PROJECT_BINARY_DIR}/objc-include>)
+target_link_libraries(foundation INTERFACE ${base-libs})
 target_link_libraries(cocoa INTERFACE ${gui-libs})

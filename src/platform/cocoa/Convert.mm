@@ -1,6 +1,6 @@
 #import "platform/cocoa/Convert.h"
 
-#import "platform/cocoa/Native.h"
+#import "platform/cocoa/Number.h"
 
 #include <limits>
 

@@ -15,9 +15,6 @@
 /// never both. Windows may be nil everywhere; nothing happens then, and the answer is zero.
 namespace vistrel::cocoa::native {
 
-/// Whether `number` was made as a boolean, so that it is written as one.
-bool isBoolean(NSNumber* number);
-
 /// The private name that AppKit gives its menus: "NSWindowsMenu" for the application's Window menu.
 /// Empty for nil and for menus without one.
 std::string menuName(NSMenu* menu);

@@ -19,10 +19,6 @@ template <typename Function> Function carbon(const char* name) {
 
 } // namespace
 
-bool isBoolean(NSNumber* number) {
-    return CFGetTypeID(reinterpret_cast<CFTypeRef>(number)) == CFBooleanGetTypeID();
-}
-
 std::string menuName(NSMenu* menu) {
     @try {
         id name = [menu valueForKey:@"_menuName"];
