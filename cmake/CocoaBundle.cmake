@@ -1,12 +1,13 @@
 # add_cocoa_bundle(TARGET [INSERTABLE] NAME name PRINCIPAL_CLASS class SOURCES file... [RESOURCES file...]
-#                  [INFO key text...])
+#                  [INFO key text...] [INSTALLED])
 #
 # Makes the loadable bundle `name`.bundle in ${PROJECT_BINARY_DIR}/bundles: flat for GNUstep,
 # Contents/MacOS for macOS, from one Info.plist template, to which INFO adds texts of the bundle's own.
 # Interface files are copied for GNUstep, which reads them as they are, and compiled for macOS, which does
 # not. The program of an INSERTABLE bundle can also be inserted into a macOS process as a library.
+# INSTALLED: users get the bundle, not only tests.
 function(add_cocoa_bundle target)
-    cmake_parse_arguments(PARSE_ARGV 1 BUNDLE "INSERTABLE"
+    cmake_parse_arguments(PARSE_ARGV 1 BUNDLE "INSERTABLE;INSTALLED"
         "NAME;PRINCIPAL_CLASS" "SOURCES;RESOURCES;INFO")
     set(kind MODULE)
     if(APPLE AND BUNDLE_INSERTABLE)
@@ -50,4 +51,12 @@ function(add_cocoa_bundle target)
         LIBRARY_OUTPUT_DIRECTORY ${executables}
         BUNDLE_PATH ${bundle}
         OBJCXX_VISIBILITY_PRESET hidden)
+
+    if(BUNDLE_INSTALLED)
+        cmake_path(RELATIVE_PATH executables BASE_DIRECTORY ${PROJECT_BINARY_DIR}/bundles
+            OUTPUT_VARIABLE inside)
+        install(TARGETS ${target} LIBRARY DESTINATION ${VISTREL_BUNDLES_FOLDER}/${inside})
+        install(DIRECTORY ${bundle} DESTINATION ${VISTREL_BUNDLES_FOLDER}
+            FILES_MATCHING PATTERN Resources/* PATTERN Info.plist)
+    endif()
 endfunction()

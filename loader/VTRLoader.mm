@@ -16,12 +16,20 @@ bool load(NSBundle* bundle) {
     }
 }
 
+/// Whether the user has switched Vistrel off, for this application or for all that are not excepted.
+bool isSwitchedOff() {
+    NSUserDefaults* defaults = [NSUserDefaults standardUserDefaults];
+    return [defaults objectForKey:@"VTREnabled"] != nil && ![defaults boolForKey:@"VTREnabled"];
+}
+
 } // namespace
 
 @implementation VTRLoader
 
 - (id)init {
     self = [super init];
+    if (isSwitchedOff())
+        return self;
     [[NSNotificationCenter defaultCenter] addObserver:self
                                              selector:@selector(hostDidLaunch:)
                                                  name:NSApplicationDidFinishLaunchingNotification

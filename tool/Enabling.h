@@ -50,7 +50,11 @@ std::filesystem::path bundlePath(const std::string& path);
 /// Whether `path` is that of a loader, of this or of another copy of Vistrel.
 bool isLoader(const PropertyList& path);
 
-/// The loaders that an application finds in its own list, or in the global one without it.
+/// The bundles that GNUstep loads into an application: those of its own list, or of the global one
+/// when it has none. None when the value that holds for it is no list.
+Array bundlesFor(const LoadingDefaults& defaults, std::string_view application);
+
+/// The loaders among them.
 std::vector<std::string> loadersFor(const LoadingDefaults& defaults, std::string_view application);
 
 /// Whether VTREnabled is there and false, as the loader reads it.

@@ -2,20 +2,6 @@
 
 namespace vistrel::tool {
 
-namespace {
-
-/// The list that holds for an application, or nullptr when a value that is none hides every list.
-const Array* listFor(const LoadingDefaults& defaults, std::string_view application) {
-    for (const auto domain : {application, globalDomain}) {
-        const auto position = defaults.domains.find(domain);
-        if (position != defaults.domains.end() && position->second.bundles)
-            return std::get_if<Array>(&*position->second.bundles);
-    }
-    return &defaults.systemBundles;
-}
-
-} // namespace
-
 LoadingValues valuesOf(const LoadingDefaults& defaults, std::string_view domain) {
     const auto position = defaults.domains.find(domain);
     return position == defaults.domains.end() ? LoadingValues{} : position->second;
@@ -31,12 +17,22 @@ bool isLoader(const PropertyList& path) {
     return text != nullptr && bundlePath(*text).filename() == loaderName;
 }
 
+Array bundlesFor(const LoadingDefaults& defaults, std::string_view application) {
+    for (const auto domain : {application, globalDomain}) {
+        const auto bundles = valuesOf(defaults, domain).bundles;
+        if (!bundles)
+            continue;
+        const auto* list = std::get_if<Array>(&*bundles);
+        return list != nullptr ? *list : Array{};
+    }
+    return defaults.systemBundles;
+}
+
 std::vector<std::string> loadersFor(const LoadingDefaults& defaults, std::string_view application) {
     std::vector<std::string> loaders;
-    if (const auto* list = listFor(defaults, application))
-        for (const auto& bundle : *list)
-            if (isLoader(bundle))
-                loaders.push_back(std::get<std::string>(bundle));
+    for (const auto& bundle : bundlesFor(defaults, application))
+        if (isLoader(bundle))
+            loaders.push_back(std::get<std::string>(bundle));
     return loaders;
 }
 

@@ -90,7 +90,7 @@ void forEveryState(const Values& globalLists, const Values& ownLists, const Valu
         for (const auto& globalSwitch : enabled)
             for (const auto& textEditList : ownLists)
                 for (const auto& textEditSwitch : enabled)
-                    for (const auto& inkSwitch : enabled) {
+                    for (const auto& inkSwitch : {enabled.front(), enabled.back()}) {
                         LoadingDefaults state;
                         state.domains[global] = {globalList, globalSwitch};
                         state.domains["TextEdit"] = {textEditList, textEditSwitch};
