@@ -1,5 +1,4 @@
 #include "tool/Words.h"
 namespace vistrel::tool {
 int doctor(const DoctorOptions&, const std::string&) { return 0; }
-int settings(const SettingsOptions&) { return 0; }
 }

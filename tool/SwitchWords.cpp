@@ -13,20 +13,6 @@ namespace vistrel::tool {
 
 namespace {
 
-/// The names of the processes that are meant, or nullopt after a message.
-std::optional<std::vector<std::string>> processNames(const std::vector<std::string>& applications) {
-    std::vector<std::string> names;
-    for (const auto& application : applications) {
-        const auto name = processName(application);
-        if (!name) {
-            fail("\"" + application + "\" is no name of an application.");
-            return std::nullopt;
-        }
-        names.push_back(*name);
-    }
-    return names;
-}
-
 void warnOfUnknown(const std::vector<std::string>& applications) {
     const auto places = usualPlaces();
     for (const auto& application : applications)

@@ -6,8 +6,7 @@
 namespace vistrel::posix {
 
 std::optional<Dictionary> readPropertyListFile(const std::string& path) {
-    constexpr std::size_t largestFile = 1U << 20U;
-    const auto text = readRegularFile(path, largestFile);
+    const auto text = readRegularFile(path, largestPropertyListFile);
     auto root = text ? propertyListFromXML(*text) : std::nullopt;
     auto* dictionary = root ? std::get_if<Dictionary>(&*root) : nullptr;
     return dictionary != nullptr ? std::optional(std::move(*dictionary)) : std::nullopt;
