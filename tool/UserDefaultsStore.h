@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tool/DefaultsStore.h"
+#include "tool/SystemReport.h"
 
 #include <memory>
 #include <string>
@@ -22,7 +23,7 @@ std::string homeFolder();
 /// Where applications are looked for, in this order.
 std::vector<std::string> applicationFolders();
 
-/// The folders in which GNUstep looks for bundles, such as back ends.
-std::vector<std::string> bundleFolders();
+/// The back ends that are installed.
+std::vector<Component> backEnds();
 
 } // namespace vistrel::tool

@@ -189,13 +189,23 @@ std::vector<std::string> applicationFolders() {
         NSSearchPathForDirectoriesInDomains(NSApplicationDirectory, NSAllDomainsMask, YES));
 }
 
-std::vector<std::string> bundleFolders() {
+std::vector<Component> backEnds() {
     const Pool pool;
-    std::vector<std::string> folders;
+    std::vector<Component> found;
     for (const auto& library : toStrings(
-             NSSearchPathForDirectoriesInDomains(NSLibraryDirectory, NSAllDomainsMask, YES)))
-        folders.push_back(library + "/Bundles");
-    return folders;
+             NSSearchPathForDirectoriesInDomains(NSLibraryDirectory, NSAllDomainsMask, YES))) {
+        NSString* bundles = toNSString(library + "/Bundles");
+        NSArray* names = [[[NSFileManager defaultManager] directoryContentsAtPath:bundles]
+            sortedArrayUsingSelector:@selector(compare:)];
+        for (NSString* name in names) {
+            NSDictionary* information = [[NSBundle
+                bundleWithPath:[bundles stringByAppendingPathComponent:name]] infoDictionary];
+            if ([[information objectForKey:@"NSPrincipalClass"] isEqual:@"GSBackend"])
+                found.push_back({toString([name stringByDeletingPathExtension]),
+                                 toString([information objectForKey:@"GSBundleShortVersionString"])});
+        }
+    }
+    return found;
 }
 
 } // namespace vistrel::tool

@@ -1,0 +1,112 @@
+#import "Findings.h"
+
+namespace vistrel::doctor {
+
+namespace {
+
+// Menus nest two or three deep; the limit is there for a menu inside itself.
+constexpr int deepestMenu = 8;
+
+id orNull(id value) {
+    return value != nil ? value : [NSNull null];
+}
+
+NSNumber* flag(BOOL value) {
+    return [NSNumber numberWithBool:value];
+}
+
+NSArray* numbers(NSRect rect) {
+    return @[ @(NSMinX(rect)), @(NSMinY(rect)), @(NSWidth(rect)), @(NSHeight(rect)) ];
+}
+
+/// Nil until Vistrel has been loaded.
+Class controllerClass() {
+    return NSClassFromString(@"Corvane");
+}
+
+/// What Vistrel itself takes for the host's Window menu or Zoom item.
+id askController(SEL question) {
+    Class controller = controllerClass();
+    return [controller respondsToSelector:question] ? [controller performSelector:question] : nil;
+}
+
+NSArray* itemsOf(NSMenu* menu, int depth);
+
+NSDictionary* describe(NSMenuItem* item, int depth) {
+    id target = [item target];
+    const BOOL isOurs = target != nil && [target isKindOfClass:controllerClass()];
+    return @{
+        @"title" : [item isSeparatorItem] ? @"" : orNull([item title]),
+        @"separator" : flag([item isSeparatorItem]),
+        @"key" : orNull([item keyEquivalent]),
+        @"mask" : @([item keyEquivalentModifierMask]),
+        @"ours" : flag(isOurs),
+        @"items" : [item hasSubmenu] ? itemsOf([item submenu], depth + 1) : @[],
+    };
+}
+
+NSArray* itemsOf(NSMenu* menu, int depth) {
+    NSMutableArray* items = [NSMutableArray array];
+    for (NSInteger index = 0; depth < deepestMenu && index < [menu numberOfItems]; ++index)
+        [items addObject:describe(static_cast<NSMenuItem*>([menu itemAtIndex:index]), depth)];
+    return items;
+}
+
+NSArray* screens() {
+    NSMutableArray* all = [NSMutableArray array];
+    for (NSScreen* screen in [NSScreen screens])
+        [all addObject:@{
+            @"frame" : numbers([screen frame]),
+            @"visibleFrame" : numbers([screen visibleFrame]),
+        }];
+    return all;
+}
+
+NSDictionary* keyWindow() {
+    NSWindow* window = [NSApp keyWindow];
+    if (window == nil)
+        return nil;
+    return @{@"title" : orNull([window title]), @"frame" : numbers([window frame])};
+}
+
+/// JSON has no data and no dates.
+id asJSON(id value) {
+    if (value == nil || [NSJSONSerialization isValidJSONObject:@[ value ]])
+        return orNull(value);
+    return [value description];
+}
+
+NSDictionary* defaults(NSArray* keys) {
+    NSMutableDictionary* values = [NSMutableDictionary dictionary];
+    for (NSString* key in keys) {
+        id value = [[NSUserDefaults standardUserDefaults] objectForKey:key];
+        if (value != nil)
+            [values setObject:asJSON(value) forKey:key];
+    }
+    return values;
+}
+
+} // namespace
+
+NSDictionary* findings(NSArray* keys) {
+    NSMenu* windowsMenu = [NSApp windowsMenu];
+    NSMenu* foundMenu = askController(@selector(windowMenu));
+    NSMenuItem* zoom = askController(@selector(zoomMenuItem));
+    NSBundle* vistrel = [NSBundle bundleForClass:controllerClass()];
+    return @{
+        @"vistrel" : orNull(controllerClass() != Nil ? [vistrel bundlePath] : nil),
+        @"application" : [[NSProcessInfo processInfo] processName],
+        @"path" : orNull([[NSBundle mainBundle] bundlePath]),
+        @"windowsMenu" : orNull([windowsMenu title]),
+        @"foundMenu" : orNull([foundMenu title]),
+        @"zoomItem" : orNull([zoom title]),
+        @"windowItems" : itemsOf(foundMenu != nil ? foundMenu : windowsMenu, 0),
+        @"mainMenu" : itemsOf([NSApp mainMenu], 0),
+        @"keyWindow" : orNull(keyWindow()),
+        @"screens" : screens(),
+        @"backEnd" : orNull([[NSBundle bundleForClass:NSClassFromString(@"GSBackend")] bundlePath]),
+        @"defaults" : defaults(keys),
+    };
+}
+
+} // namespace vistrel::doctor

@@ -1,0 +1,73 @@
+#import "Findings.h"
+
+#include <unistd.h>
+
+namespace {
+
+/// For a host into which Vistrel cannot be loaded. Much longer than loading takes.
+constexpr NSTimeInterval longestLoading = 5;
+
+NSArray* allModes() {
+    return @[ NSDefaultRunLoopMode, NSModalPanelRunLoopMode, NSEventTrackingRunLoopMode ];
+}
+
+/// The findings, or why there are none.
+NSDictionary* report() {
+    @try {
+        NSArray* keys =
+            [[NSUserDefaults standardUserDefaults] stringArrayForKey:@"VTRDoctorSettings"];
+        return vistrel::doctor::findings(keys);
+    } @catch (NSException* exception) {
+        return @{@"problem" : [exception description]};
+    }
+}
+
+} // namespace
+
+/// Looks into an application that `vistrel doctor` has started, writes what it finds as JSON to the
+/// file that the default VTRDoctorReport names, and ends the application at once: nothing is asked,
+/// nothing is saved.
+@interface VTRDoctor : NSObject
+@end
+
+@implementation VTRDoctor
+
+- (id)init {
+    self = [super init];
+    NSNotificationCenter* center = [NSNotificationCenter defaultCenter];
+    [center addObserver:self
+               selector:@selector(hostDidLaunch:)
+                   name:NSApplicationDidFinishLaunchingNotification
+                 object:nil];
+    [center addObserver:self
+               selector:@selector(bundleDidLoad:)
+                   name:NSBundleDidLoadNotification
+                 object:nil];
+    // The platform may let go of the object it made, and the notification centre holds nobody.
+    return [self retain];
+}
+
+- (void)hostDidLaunch:(NSNotification*)notification {
+    [self performSelector:@selector(writeReport)
+               withObject:nil
+               afterDelay:longestLoading
+                  inModes:allModes()];
+}
+
+/// Vistrel installs itself while it is loaded. What the host makes of that, its menus for one, is
+/// there a turn of the run loop later.
+- (void)bundleDidLoad:(NSNotification*)notification {
+    if ([[[[notification object] bundlePath] lastPathComponent] isEqual:@"Vistrel.bundle"])
+        [self performSelector:@selector(writeReport)
+                   withObject:nil
+                   afterDelay:0
+                      inModes:allModes()];
+}
+
+- (void)writeReport {
+    NSString* path = [[NSUserDefaults standardUserDefaults] stringForKey:@"VTRDoctorReport"];
+    NSData* data = [NSJSONSerialization dataWithJSONObject:report() options:0 error:NULL];
+    _exit([data writeToFile:path atomically:YES] ? 0 : 1);
+}
+
+@end
