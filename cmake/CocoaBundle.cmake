@@ -57,6 +57,6 @@ function(add_cocoa_bundle target)
             OUTPUT_VARIABLE inside)
         install(TARGETS ${target} LIBRARY DESTINATION ${VISTREL_BUNDLES_FOLDER}/${inside})
         install(DIRECTORY ${bundle} DESTINATION ${VISTREL_BUNDLES_FOLDER}
-            FILES_MATCHING PATTERN Resources/* PATTERN Info.plist)
+            FILES_MATCHING REGEX "/Resources/|/Info.plist$")
     endif()
 endfunction()

@@ -126,7 +126,8 @@ def start_host(
 
     ``start_host(name, *arguments, desktop=..., bundles=..., style=...)``, where
     ``bundles`` are those beside the probe, by default the loader alone, and
-    ``style`` is the platform's name of a menu style.
+    ``style`` is the platform's name of a menu style. ``listed=True``: the
+    bundles are those that the account's defaults list, the probe among them.
     """
     hosts: list[Host] = []
 
@@ -136,6 +137,7 @@ def start_host(
         desktop: Desktop | None = None,
         bundles: Sequence[Path] | None = None,
         style: str = "NSNextStepInterfaceStyle",
+        listed: bool = False,
         **options,
     ) -> Host:
         if bundles is None:
@@ -143,7 +145,7 @@ def start_host(
         screen = desktop or request.getfixturevalue("desktop")
         screen.settle()
         host = Host(
-            name, account, screen, [*bundles, probe_bundle], pictures,
+            name, account, screen, None if listed else [*bundles, probe_bundle], pictures,
             ["-NSMenuInterfaceStyle", style, *arguments], **options,
         )
         hosts.append(host)

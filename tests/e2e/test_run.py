@@ -31,7 +31,7 @@ def test_what_cannot_be_started_gets_a_message(
 ) -> None:
     log = pictures / "run.log"
     assert run(account, log, application) == 1
-    assert f"script/run: {message}" in log.read_text()
+    assert f"vistrel: {message}" in log.read_text()
 
 
 def test_without_a_display_it_gives_the_tour(account: Account, pictures: Path) -> None:

@@ -33,14 +33,17 @@ def property_list_array(paths: Sequence[Path]) -> str:
 
 
 class Host:
-    """Use as a context manager, or call ``quit`` or ``kill`` in the end."""
+    """Use as a context manager, or call ``quit`` or ``kill`` in the end.
+
+    ``bundles`` None: those that the account's defaults list, the probe among them.
+    """
 
     def __init__(
         self,
         name: str,
         account: Account,
         desktop: Desktop,
-        bundles: Sequence[Path],
+        bundles: Sequence[Path] | None,
         logs: Path,
         arguments: Sequence[str] = (),
         environment: Mapping[str, str] | None = None,
@@ -53,9 +56,11 @@ class Host:
         self.name, self.account, self.desktop = executable.name, account, desktop
         self.log_file = logs / f"{self.name}-{number}.log"
         self._socket = account.temp / f"probe-{number}"
+        loading: list[str] = []
+        if bundles is not None:
+            loading = ["-GSAppKitUserBundles", property_list_array(bundles)]
         self.process = account.start(
-            [executable, *ALWAYS, "-GSAppKitUserBundles",
-             property_list_array(bundles), *arguments],
+            [executable, *ALWAYS, *loading, *arguments],
             self.log_file,
             extra={
                 "DISPLAY": desktop.name,
