@@ -16,7 +16,8 @@ bool load(NSBundle* bundle) {
     }
 }
 
-/// Whether the user has switched Vistrel off, for this application or for all that are not excepted.
+/// Whether the user has switched Vistrel off, for this application or for all that are not
+/// excepted.
 bool isSwitchedOff() {
     NSUserDefaults* defaults = [NSUserDefaults standardUserDefaults];
     return [defaults objectForKey:@"VTREnabled"] != nil && ![defaults boolForKey:@"VTREnabled"];

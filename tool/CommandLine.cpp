@@ -12,8 +12,9 @@ namespace vistrel::tool {
 
 namespace {
 
-constexpr auto exitCodes = "Ends with 0 when it is done, 1 when it failed, 2 for wrong usage, and 3\n"
-                           "when it could report a part only.";
+constexpr auto exitCodes =
+    "Ends with 0 when it is done, 1 when it failed, 2 for wrong usage, and 3\n"
+    "when it could report a part only.";
 
 using Arguments = std::vector<std::string>;
 
@@ -83,11 +84,11 @@ void addReports(CLI::App& tool, CommandLine& line) {
                     "Running are those of your own processes that have it in memory."),
             line.status.json);
 
-    auto& doctor = addWord(
-        tool, "doctor", "Collect what the report of a fault needs",
-        "With APP, that application is started once more for a moment: a window of it\n"
-        "may show up, and it is ended without asking and without saving anything.\n"
-        "Without a display the rest is reported all the same.");
+    auto& doctor =
+        addWord(tool, "doctor", "Collect what the report of a fault needs",
+                "With APP, that application is started once more for a moment: a window of it\n"
+                "may show up, and it is ended without asking and without saving anything.\n"
+                "Without a display the rest is reported all the same.");
     doctor.add_option("APP", line.doctor.application,
                       "The application to look into, by its name or the path of its .app");
     doctor.add_option("--timeout", line.doctor.seconds, "How long it may take to start (20)")
@@ -151,7 +152,8 @@ int tell(const CLI::App& tool, const CLI::ParseError& error) {
 
 std::optional<CommandLine> readCommandLine(int count, const char* const* arguments, int& exitCode) {
     CommandLine line;
-    CLI::App tool("Switches Vistrel on and off, shows what it does and why it does not.", "vistrel");
+    CLI::App tool("Switches Vistrel on and off, shows what it does and why it does not.",
+                  "vistrel");
     tool.formatter(std::make_shared<Formatter>());
     tool.set_help_flag("--help", "Print this help");
     tool.set_version_flag("--version", std::string("vistrel ") + version, "Print the version");

@@ -14,10 +14,11 @@ namespace vistrel::tool {
 
 namespace {
 
-constexpr std::array neededHints{
-    "_NET_ACTIVE_WINDOW",          "_NET_CLIENT_LIST_STACKING",    "_NET_FRAME_EXTENTS",
-    "_NET_WM_STATE",               "_NET_WM_STATE_ABOVE",          "_NET_WM_STATE_FULLSCREEN",
-    "_NET_WM_STATE_MAXIMIZED_VERT", "_NET_WM_STATE_MAXIMIZED_HORZ", "_NET_WM_WINDOW_TYPE"};
+constexpr std::array neededHints{"_NET_ACTIVE_WINDOW",           "_NET_CLIENT_LIST_STACKING",
+                                 "_NET_FRAME_EXTENTS",           "_NET_WM_STATE",
+                                 "_NET_WM_STATE_ABOVE",          "_NET_WM_STATE_FULLSCREEN",
+                                 "_NET_WM_STATE_MAXIMIZED_VERT", "_NET_WM_STATE_MAXIMIZED_HORZ",
+                                 "_NET_WM_WINDOW_TYPE"};
 
 /// A window manager may end at any moment, and its windows with it.
 int ignoreError(::Display* /*display*/, XErrorEvent* /*error*/) {
@@ -33,11 +34,12 @@ class Server {
         const std::unique_ptr<XRRScreenResources, decltype(&XRRFreeScreenResources)> resources(
             XRRGetScreenResourcesCurrent(display_, root()), &XRRFreeScreenResources);
         const auto primary = XRRGetOutputPrimary(display_, root());
-        for (int index = 0; resources && index < resources->noutput; ++index)
+        for (int index = 0; resources && index < resources->noutput; ++index) {
             if (auto monitor = monitorAt(resources.get(), resources->outputs[index])) {
                 monitor->isPrimary = resources->outputs[index] == primary;
                 monitors.push_back(*monitor);
             }
+        }
         return monitors;
     }
 

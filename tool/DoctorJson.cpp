@@ -1,7 +1,5 @@
 #include "tool/DoctorReport.h"
-#include "tool/EnabledText.h"
-#include "tool/SettingsText.h"
-#include "tool/StatusReport.h"
+#include "tool/ReportJson.h"
 #include "tool/Version.h"
 
 namespace vistrel::tool {
@@ -18,19 +16,33 @@ Json toJson(const std::vector<Component>& components) {
 Json toJson(const DisplayReport& display) {
     Json json{{"name", display.name}, {"problem", display.problem}};
     json["monitors"] = Json::array();
-    for (const auto& monitor : display.monitors)
-        json["monitors"].push_back({{"name", monitor.name},
-                                    {"frame", {monitor.x, monitor.y, monitor.width, monitor.height}},
-                                    {"primary", monitor.isPrimary}});
+    for (const auto& monitor : display.monitors) {
+        json["monitors"].push_back(
+            {{"name", monitor.name},
+             {"frame", {monitor.x, monitor.y, monitor.width, monitor.height}},
+             {"primary", monitor.isPrimary}});
+    }
     json["windowManager"] = display.windowManager;
     json["ewmh"] = {{"announced", display.hasManager}, {"missing", display.missingHints}};
     return json;
 }
 
+Json orNull(const std::optional<std::string>& text) {
+    return text ? Json(*text) : Json();
+}
+
 Json toJson(const Examination& examination) {
     if (!examination.problem.empty())
         return {{"problem", examination.problem}, {"lastWords", examination.lastWords}};
-    Json json = examination.findings;
+    Json json{{"vistrel", orNull(examination.vistrel)},
+              {"windowsMenu", orNull(examination.windowsMenu)},
+              {"foundMenu", orNull(examination.foundMenu)},
+              {"zoomItem", orNull(examination.zoomItem)},
+              {"screens", examination.screens},
+              {"backEnd", orNull(examination.backEnd)}};
+    json["settings"] = Json::object();
+    for (const auto& [key, value] : examination.settings)
+        json["settings"][key] = Json::parse(value);
     json["block"] = Json::array();
     for (const auto position : ourPositions(examination.windowMenu))
         json["block"].push_back(
@@ -44,19 +56,19 @@ Json toJson(const Examination& examination) {
 
 } // namespace
 
-Json toJson(const DoctorReport& report) {
+void printJson(const DoctorReport& report) {
     Json json{{"program", report.program}, {"version", version}};
-    json["status"] = toJson(report.status);
+    json["status"] = tool::toJson(report.status);
     json["gnustep"] = toJson(report.gnustep);
     json["system"] = toJson(report.system);
     json["display"] = toJson(report.display);
-    json["settings"] = toJson(report.settings);
+    json["settings"] = tool::toJson(report.settings);
     if (report.application) {
         json["application"] = {{"name", report.application->name},
                                {"program", report.application->program}};
         json["application"].update(toJson(report.examination));
     }
-    return json;
+    print(json);
 }
 
 } // namespace vistrel::tool

@@ -15,19 +15,21 @@ DoctorReport collectDoctorReport(const std::string& bundles) {
                         .system = reportSystem(),
                         .display = reportDisplay(),
                         .settings = settingsReport(readSettingsFile(homeFolder()), stored, {})};
-    report.gnustep =
-        reportGNUstep(report.status.installation ? report.status.installation->vistrel->path + "/Vistrel" : "");
+    report.gnustep = reportGNUstep(
+        report.status.installation ? report.status.installation->vistrel->path + "/Vistrel" : "");
     return report;
 }
 
 void examineApplication(DoctorReport& report, std::chrono::seconds limit) {
-    if (!report.status.installation)
-        report.examination.problem = "It was not started, because there is nothing to load into it.";
-    else if (!report.display.problem.empty())
+    if (!report.status.installation) {
+        report.examination.problem =
+            "It was not started, because there is nothing to load into it.";
+    } else if (!report.display.problem.empty()) {
         report.examination.problem = "It was not started, because there is no display.";
-    else
-        report.examination =
-            examine(*report.application, *report.status.installation, report.status.defaults, limit);
+    } else {
+        report.examination = examine(*report.application, *report.status.installation,
+                                     report.status.defaults, limit);
+    }
 }
 
 bool isComplete(const DoctorReport& report) {

@@ -34,6 +34,6 @@ bool isComplete(const DoctorReport& report);
 /// For people: fits on a screen.
 void printText(const DoctorReport& report);
 
-Json toJson(const DoctorReport& report);
+void printJson(const DoctorReport& report);
 
 } // namespace vistrel::tool

@@ -1,6 +1,5 @@
 #include "tool/DoctorReport.h"
 #include "tool/EnabledText.h"
-#include "tool/SettingsTable.h"
 #include "tool/ValueText.h"
 #include "tool/Version.h"
 
@@ -28,8 +27,8 @@ std::string joined(const std::vector<Component>& components) {
 }
 
 void printVistrel(const DoctorReport& report) {
-    std::cout << std::left << std::setw(12) << "Vistrel" << "vistrel " << version << ", "
-              << report.program;
+    std::cout << std::left << std::setw(12) << "Vistrel"
+              << "vistrel " << version << ", " << report.program;
     if (!report.status.installation)
         line("") << "The bundles are missing: " << noInstallation;
     else
@@ -50,17 +49,16 @@ void printDisplay(const DisplayReport& display) {
         return;
     for (const auto& monitor : display.monitors)
         line("") << monitor.name << " " << monitor.width << "x" << monitor.height << " at ("
-                 << monitor.x << ", " << monitor.y << ")"
-                 << (monitor.isPrimary ? ", primary" : "");
+                 << monitor.x << ", " << monitor.y << ")" << (monitor.isPrimary ? ", primary" : "");
     if (!display.hasManager) {
         line("Windows") << "no window manager that follows the EWMH";
         return;
     }
     line("Windows") << (display.windowManager.empty() ? "a manager without a name"
                                                       : display.windowManager)
-                    << (display.missingHints.empty() ? ", EWMH as needed"
-                                                     : ", EWMH without " +
-                                                           enumeration(display.missingHints));
+                    << (display.missingHints.empty()
+                            ? ", EWMH as needed"
+                            : ", EWMH without " + enumeration(display.missingHints));
 }
 
 void printSettings(const SettingsReport& settings) {
@@ -86,40 +84,40 @@ void printWindowMenu(const Examination& examination) {
     line("") << (positions.front() > 1
                      ? "the block begins behind \"" + menu[positions.front() - 2].title + "\":"
                      : "the block begins at the top of the menu:");
-    for (const auto position : positions)
+    for (const auto position : positions) {
         line("") << std::right << std::setw(4) << position << "  " << std::left
                  << menu[position].title
                  << (menu[position].shortcut.key.empty()
                          ? ""
                          : "  " + shortcutText(menu[position].shortcut));
+    }
 }
 
-std::string titleOf(const Json& findings, const char* key, const char* what) {
-    const auto& title = findings.at(key);
-    return title.is_string() ? std::string(what) + " \"" + title.get<std::string>() + "\""
-                             : "no " + std::string(what);
+std::string titleText(const std::optional<std::string>& title, const std::string& what) {
+    return title ? what + " \"" + *title + "\"" : "no " + what;
 }
 
-void printFindings(const Examination& examination) {
-    const auto& findings = examination.findings;
-    line("") << (findings.at("vistrel").is_string() ? "Vistrel is installed in it."
-                                                    : "Vistrel could not be loaded into it.");
-    line("") << titleOf(findings, "windowsMenu", "Window menu") << ", "
-             << titleOf(findings, "zoomItem", "Zoom item");
-    if (findings.at("vistrel").is_string() && findings.at("windowsMenu").is_string())
-        printWindowMenu(examination);
-    for (const auto& [ours, theirs, keys, theirsWins] : examination.collisions)
+void printFindings(const Examination& found) {
+    line("") << (found.vistrel ? "Vistrel is installed in it."
+                               : "Vistrel could not be loaded into it.");
+    line("") << titleText(found.windowsMenu, "Window menu") << ", "
+             << titleText(found.zoomItem, "Zoom item");
+    if (found.vistrel && found.foundMenu != found.windowsMenu)
+        line("") << "! Vistrel finds " << titleText(found.foundMenu, "Window menu");
+    if (found.vistrel && found.windowsMenu)
+        printWindowMenu(found);
+    for (const auto& [ours, theirs, keys, theirsWins] : found.collisions)
         line("") << "! " << keys << " is both \"" << ours << "\" and \"" << theirs << "\"; "
                  << (theirsWins ? "the application's own item gets it" : "Vistrel's item gets it");
-    if (examination.collisions.empty())
+    if (found.vistrel && found.collisions.empty())
         line("") << "no shortcut of Vistrel's is one of the application's";
+    for (const auto& [x, y, width, height] : found.screens)
+        line("") << "screen " << width << "x" << height << " at (" << x << ", " << y
+                 << ") from the lower left";
+    line("") << "back end " << found.backEnd.value_or("unknown");
     line("") << "its own values of the settings:";
-    for (const auto& setting : knownSettings())
-        if (const auto value = findings.at("defaults").find(setting.key);
-            value != findings.at("defaults").end())
-            line("") << "  " << setting.key << " = " << value->dump();
-    if (findings.at("backEnd").is_string())
-        line("") << "back end " << findings.at("backEnd").get<std::string>();
+    for (const auto& [key, value] : found.settings)
+        line("") << "  " << key << " = " << value;
 }
 
 void printApplication(const DoctorReport& report) {

@@ -14,14 +14,15 @@ int doctor(const DoctorOptions& options, const std::string& bundles) {
         if (!application.found)
             return fail(application.problem);
         report.application = std::move(application.found);
-        if (!options.json && report.display.problem.empty() && report.status.installation)
+        if (!options.json && report.display.problem.empty() && report.status.installation) {
             std::cout << "Starting " << report.application->name
                       << " once more for a moment. It is ended without saving anything.\n\n"
                       << std::flush;
+        }
         examineApplication(report, std::chrono::seconds(options.seconds));
     }
     if (options.json)
-        print(toJson(report));
+        printJson(report);
     else
         printText(report);
     return isComplete(report) ? exitcode::done : exitcode::incomplete;

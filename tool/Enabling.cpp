@@ -37,8 +37,11 @@ class Planner {
         if (!result_.problems.empty() || !request.applications.empty())
             return;
         for (const auto& [name, reason] : before_.unreadable)
-            result_.remarks.push_back("The defaults of " + name + " are left as they are: " +
-                                      reason);
+            result_.remarks.push_back(leftAlone(name, reason));
+    }
+
+    static std::string leftAlone(const std::string& domain, const std::string& reason) {
+        return "The defaults of " + domain + " are left as they are: " + reason;
     }
 
     void refuse(const std::string& domain) {

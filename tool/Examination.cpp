@@ -1,6 +1,7 @@
 #include "tool/Examination.h"
 
 #include "tool/BoundedProcess.h"
+#include "tool/Json.h"
 #include "tool/SettingsTable.h"
 
 #include <cstdlib>
@@ -43,21 +44,40 @@ class TemporaryFolder {
     fs::path path_;
 };
 
-std::string text(const Json& object, const char* key) {
+std::optional<std::string> text(const Json& object, const char* key) {
     const auto value = object.find(key);
-    return value != object.end() && value->is_string() ? value->get<std::string>() : "";
+    if (value == object.end() || !value->is_string())
+        return std::nullopt;
+    return value->get<std::string>();
 }
 
 std::vector<MenuRow> rows(const Json& items) {
     std::vector<MenuRow> menu;
-    for (const auto& item : items)
-        menu.push_back({.title = text(item, "title"),
+    for (const auto& item : items) {
+        menu.push_back({.title = text(item, "title").value_or(""),
                         .isSeparator = item.value("separator", false),
-                        .shortcut = {.key = text(item, "key"),
+                        .shortcut = {.key = text(item, "key").value_or(""),
                                      .mask = item.value("mask", ModifierMask{0})},
                         .isOurs = item.value("ours", false),
                         .items = rows(item.at("items"))});
+    }
     return menu;
+}
+
+Examination understood(const Json& findings) {
+    Examination examination{.vistrel = text(findings, "vistrel"),
+                            .windowsMenu = text(findings, "windowsMenu"),
+                            .foundMenu = text(findings, "foundMenu"),
+                            .zoomItem = text(findings, "zoomItem"),
+                            .windowMenu = rows(findings.at("windowItems")),
+                            .collisions = collisions(rows(findings.at("mainMenu"))),
+                            .screens = findings.at("screens"),
+                            .backEnd = text(findings, "backEnd")};
+    const auto& values = findings.at("defaults");
+    for (const auto& setting : knownSettings())
+        if (const auto value = values.find(setting.key); value != values.end())
+            examination.settings.emplace_back(setting.key, value->dump());
+    return examination;
 }
 
 std::vector<std::string> command(const Application& application, const Installation& installation,
@@ -68,9 +88,8 @@ std::vector<std::string> command(const Application& application, const Installat
         if (setting.key != enabledKey)
             keys.emplace_back(setting.key);
     std::vector<std::string> arguments{application.program};
-    for (const auto& argument : launchArguments(defaults, application.name,
-                                                installation.loader->path,
-                                                {installation.doctor->path}))
+    for (const auto& argument : launchArguments(
+             defaults, application.name, installation.loader->path, {installation.doctor->path}))
         arguments.push_back(argument);
     for (const auto& argument : {std::string("-VTRDoctorReport"), report,
                                  std::string("-VTRDoctorSettings"), argumentArray(keys)})
@@ -112,17 +131,14 @@ Examination examine(const Application& application, const Installation& installa
         return {.problem = "There is no place for temporary files."};
     const auto report = folder.path() / "report.json";
     const auto log = folder.path() / "log";
-    const auto end =
-        runBounded(command(application, installation, defaults, report), log, limit);
+    const auto end = runBounded(command(application, installation, defaults, report), log, limit);
     std::ifstream file(report);
-    Examination examination{.findings = Json::parse(file, nullptr, false)};
-    if (!examination.findings.is_object())
+    const auto findings = Json::parse(file, nullptr, false);
+    if (!findings.is_object())
         return {.problem = whyNothing(end, limit), .lastWords = lastLines(log)};
-    if (examination.findings.contains("problem"))
-        return {.problem = text(examination.findings, "problem"), .lastWords = lastLines(log)};
-    examination.windowMenu = rows(examination.findings.at("windowItems"));
-    examination.collisions = collisions(rows(examination.findings.at("mainMenu")));
-    return examination;
+    if (findings.contains("problem"))
+        return {.problem = text(findings, "problem").value_or(""), .lastWords = lastLines(log)};
+    return understood(findings);
 }
 
 } // namespace vistrel::tool

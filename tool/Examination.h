@@ -2,12 +2,14 @@
 
 #include "tool/Applications.h"
 #include "tool/Installation.h"
-#include "tool/Json.h"
 #include "tool/LaunchArguments.h"
 #include "tool/MenuReport.h"
 
+#include <array>
 #include <chrono>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace vistrel::tool {
@@ -18,10 +20,20 @@ struct Examination {
     std::string problem = {};
     /// The last lines that the application said, when there is a problem.
     std::vector<std::string> lastWords = {};
-    /// What the diagnosing bundle wrote.
-    Json findings = {};
+    /// The path of the Vistrel that was loaded into it, if any was.
+    std::optional<std::string> vistrel = {};
+    /// The titles of the menu that the application calls its Window menu, of the one that Vistrel
+    /// found, and of the Zoom item that it found.
+    std::optional<std::string> windowsMenu = {};
+    std::optional<std::string> foundMenu = {};
+    std::optional<std::string> zoomItem = {};
     std::vector<MenuRow> windowMenu = {};
     std::vector<Collision> collisions = {};
+    /// The screens as the application has them: x and y from the lower left, width, height.
+    std::vector<std::array<double, 4>> screens = {};
+    std::optional<std::string> backEnd = {};
+    /// The values that the settings have in it, as JSON.
+    std::vector<std::pair<std::string, std::string>> settings = {};
 };
 
 /// Starts the application with Vistrel and the diagnosing bundle in it, which ends it.

@@ -1,16 +1,15 @@
 #pragma once
 
-namespace vistrel::tool {
-
 /// What the tool's end tells scripts.
-namespace exitcode {
+namespace vistrel::tool::exitcode {
+
 inline constexpr int done = 0;
 /// It could not be done. A message says why.
 inline constexpr int failed = 1;
 /// The words and options make no sense.
 inline constexpr int wrongUsage = 2;
-/// Only a part could be reported: there was no display, or the application did not answer.
+/// Only a part could be reported: there was no display, no bundle, or the application did not
+/// answer.
 inline constexpr int incomplete = 3;
-} // namespace exitcode
 
-} // namespace vistrel::tool
+} // namespace vistrel::tool::exitcode

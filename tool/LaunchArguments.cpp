@@ -20,10 +20,11 @@ std::vector<std::string> launchArguments(const LoadingDefaults& defaults,
                                          std::string_view application, const std::string& loader,
                                          const std::vector<std::string>& more) {
     std::vector<std::string> bundles;
-    for (const auto& bundle : bundlesFor(defaults, application))
-        if (const auto* path = std::get_if<std::string>(&bundle); path != nullptr &&
-                                                                   !isLoader(bundle))
+    for (const auto& bundle : bundlesFor(defaults, application)) {
+        if (const auto* path = std::get_if<std::string>(&bundle);
+            path != nullptr && !isLoader(bundle))
             bundles.push_back(*path);
+    }
     bundles.push_back(loader);
     bundles.insert(bundles.end(), more.begin(), more.end());
     return {"-" + std::string(bundlesKey), argumentArray(bundles), "-" + std::string(enabledKey),

@@ -59,9 +59,8 @@ std::optional<LoadedBundle> bundleIn(const fs::path& folder) {
             file.remove_suffix(deleted.size());
         if (!file.ends_with(program))
             continue;
-        LoadedBundle found{.name = nameOf(folder),
-                           .path = fs::path(file).parent_path(),
-                           .isReplaced = isReplaced};
+        LoadedBundle found{
+            .name = nameOf(folder), .path = fs::path(file).parent_path(), .isReplaced = isReplaced};
         if (const auto bundle = isReplaced ? std::nullopt : bundleAt(found.path))
             found.version = bundle->version;
         return found;

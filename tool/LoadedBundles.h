@@ -20,8 +20,8 @@ struct LoadedBundle {
     bool isReplaced = false;
 };
 
-/// The processes of `user` that have Vistrel in them, in the order of their numbers, as `processes`,
-/// the system's folder "/proc", tells.
+/// The processes of `user` that have Vistrel in them, in the order of their numbers, as
+/// `processes`, the system's folder "/proc", tells.
 std::vector<LoadedBundle> loadedBundles(const std::string& processes, uid_t user);
 
 } // namespace vistrel::tool

@@ -50,14 +50,17 @@ std::vector<Collision> collisions(const std::vector<MenuRow>& mainMenu) {
     std::vector<Leaf> leaves;
     collect(mainMenu, "", leaves);
     std::vector<Collision> found;
-    for (auto ours = leaves.begin(); ours != leaves.end(); ++ours)
-        for (auto theirs = leaves.begin(); theirs != leaves.end(); ++theirs)
+    for (auto ours = leaves.begin(); ours != leaves.end(); ++ours) {
+        for (auto theirs = leaves.begin(); theirs != leaves.end(); ++theirs) {
             if (ours->row->isOurs && !theirs->row->isOurs &&
-                isSame(ours->row->shortcut, theirs->row->shortcut))
+                isSame(ours->row->shortcut, theirs->row->shortcut)) {
                 found.push_back({.ours = ours->path,
                                  .theirs = theirs->path,
                                  .keys = shortcutText(ours->row->shortcut),
                                  .theirsWins = theirs < ours});
+            }
+        }
+    }
     return found;
 }
 
@@ -65,11 +68,11 @@ std::string shortcutText(const Shortcut& shortcut) {
     if (shortcut.key.empty())
         return {};
     std::string text;
-    for (const auto& [mask, name] : std::array<std::pair<ModifierMask, const char*>, 4>{
-             {{controlMask, "Control-"},
-              {optionMask, "Option-"},
-              {shiftMask, "Shift-"},
-              {commandMask, "Command-"}}})
+    for (const auto& [mask, name] :
+         std::array<std::pair<ModifierMask, const char*>, 4>{{{controlMask, "Control-"},
+                                                              {optionMask, "Option-"},
+                                                              {shiftMask, "Shift-"},
+                                                              {commandMask, "Command-"}}})
         if ((shortcut.mask & mask) != 0)
             text += name;
     if (isReturn(shortcut.key))

@@ -25,7 +25,8 @@ struct Collision {
     std::string theirs;
     /// The keys, such as "Command-Return".
     std::string keys;
-    /// Whether it is the host's item that gets them: the platform takes the first of all that match.
+    /// Whether it is the host's item that gets them: the platform takes the first of all that
+    /// match.
     bool theirsWins = false;
 };
 

@@ -30,8 +30,7 @@ class Program {
         const auto dynamic = std::ranges::find(segments_, PT_DYNAMIC, &Segment::p_type);
         if (dynamic == segments_.end())
             return {};
-        const auto entries =
-            read<Entry>(dynamic->p_offset, dynamic->p_filesz / sizeof(Entry));
+        const auto entries = read<Entry>(dynamic->p_offset, dynamic->p_filesz / sizeof(Entry));
         const auto names = std::ranges::find(entries, DT_STRTAB, &Entry::d_tag);
         const auto table = names == entries.end() ? std::nullopt : offsetOf(names->d_un.d_ptr);
         std::vector<std::string> libraries;
@@ -65,10 +64,11 @@ class Program {
     }
 
     [[nodiscard]] std::optional<std::size_t> offsetOf(std::size_t address) const {
-        for (const auto& segment : segments_)
+        for (const auto& segment : segments_) {
             if (segment.p_type == PT_LOAD && address >= segment.p_vaddr &&
                 address - segment.p_vaddr < segment.p_filesz)
                 return address - segment.p_vaddr + segment.p_offset;
+        }
         return std::nullopt;
     }
 

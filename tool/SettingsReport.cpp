@@ -138,17 +138,18 @@ std::vector<ReportedSetting> reportFile(const SettingsFile& file, const Dictiona
             line.value = *stored;
             line.flags = flags.ofFile(setting, *stored);
         } else if (file.state == SettingsFile::State::read) {
-            line.flags = {"Missing: it counts as " +
-                          countsAs(setting, counted) + "."};
+            line.flags = {"Missing: it counts as " + countsAs(setting, counted) + "."};
         }
         lines.push_back(std::move(line));
     }
     for (const auto& [key, value] : file.values.entries()) {
         const auto* known = findSetting(key);
-        if (known == nullptr || known->place != SettingPlace::file)
-            lines.push_back({.key = key,
-                             .value = value,
-                             .meaning = "Vistrel looks for no such key in the file, and keeps it."});
+        if (known == nullptr || known->place != SettingPlace::file) {
+            lines.push_back(
+                {.key = key,
+                 .value = value,
+                 .meaning = "Vistrel looks for no such key in the file, and keeps it."});
+        }
     }
     return lines;
 }
@@ -159,12 +160,14 @@ std::vector<ReportedSetting> reportDomain(const Dictionary& values, const Dictio
     Flags flags(effective, values);
     for (const auto& setting : knownSettings()) {
         const auto first = static_cast<std::ptrdiff_t>(lines.size());
-        for (const auto& [key, value] : values.entries())
-            if (findSetting(key) == &setting)
+        for (const auto& [key, value] : values.entries()) {
+            if (findSetting(key) == &setting) {
                 lines.push_back({.key = key,
                                  .value = value,
                                  .meaning = setting.meaning(&value),
                                  .flags = flags.of(setting, key, value)});
+            }
+        }
         std::ranges::sort(lines.begin() + first, lines.end(), {}, &ReportedSetting::key);
     }
     return lines;

@@ -47,9 +47,8 @@ std::string spotlightShortcut(Value value) {
 }
 
 std::string fullScreen(Value value) {
-    return boolValue(value)
-               ? "The main window takes part in the system's own full-screen mode."
-               : "The main window is left as the application made it.";
+    return boolValue(value) ? "The main window takes part in the system's own full-screen mode."
+                            : "The main window is left as the application made it.";
 }
 
 std::string displaySetup(Value value) {
@@ -142,12 +141,12 @@ constexpr std::array ownSettings{
 
 constexpr auto allSettings = [] {
     std::array<KnownSetting, globalSettings.size() + ownSettings.size()> all{};
-    for (std::size_t index = 0; index < globalSettings.size(); ++index)
+    for (std::size_t index = 0; index < globalSettings.size(); ++index) {
         all.at(index) = {globalSettings.at(index).key, SettingPlace::file,
-                         globalSettings.at(index).kind == SettingKind::integer
-                             ? ValueKind::integer
-                             : ValueKind::boolean,
+                         globalSettings.at(index).kind == SettingKind::integer ? ValueKind::integer
+                                                                               : ValueKind::boolean,
                          meanings.at(index)};
+    }
     std::ranges::copy(ownSettings, all.begin() + globalSettings.size());
     return all;
 }();

@@ -1,5 +1,4 @@
 #include "tool/ExitCode.h"
-#include "tool/Json.h"
 #include "tool/SettingsReport.h"
 #include "tool/SettingsText.h"
 #include "tool/UserDefaultsStore.h"
@@ -14,7 +13,7 @@ int settings(const SettingsOptions& options) {
     const auto report =
         settingsReport(readSettingsFile(homeFolder()), userDefaults()->read(), *names);
     if (options.json)
-        print(toJson(report));
+        printJson(report);
     else
         printText(report);
     return exitcode::done;

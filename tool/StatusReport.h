@@ -2,7 +2,6 @@
 
 #include "tool/Enabling.h"
 #include "tool/Installation.h"
-#include "tool/Json.h"
 #include "tool/LoadedBundles.h"
 
 #include <optional>
@@ -37,6 +36,6 @@ std::string difference(const LoadedBundle& loaded, const std::optional<Installat
 
 void printText(const StatusReport& status);
 
-Json toJson(const StatusReport& status);
+void printJson(const StatusReport& status);
 
 } // namespace vistrel::tool

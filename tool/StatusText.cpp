@@ -14,11 +14,12 @@ std::string versionText(const std::string& version) {
 } // namespace
 
 void printText(const StatusReport& status) {
-    if (status.installation)
+    if (status.installation) {
         std::cout << "Installed in " << status.installation->folder << ", "
                   << versionText(status.installation->vistrel->version) << ".\n";
-    else
+    } else {
         std::cout << "Not installed: " << noInstallation << '\n';
+    }
     std::cout << enabledText(status.defaults) << '\n';
     for (const auto& [name, loads, reason] : status.named)
         std::cout << "  " << name << ": " << (loads ? "on" : "off") << ", " << reason << '\n';
@@ -34,30 +35,6 @@ void printText(const StatusReport& status) {
                   << versionText(loaded.version) << ", " << loaded.path
                   << (different.empty() ? "" : " (" + different + ")") << '\n';
     }
-}
-
-Json toJson(const StatusReport& status) {
-    Json report;
-    report["installed"] = nullptr;
-    if (status.installation)
-        report["installed"] = {{"folder", status.installation->folder},
-                               {"version", status.installation->vistrel->version}};
-    report["enabled"] = loadsByDefault(status.defaults)                      ? "all"
-                        : !applicationsThatLoad(status.defaults, true).empty() ? "named"
-                                                                             : "off";
-    report["applications"] = Json::array();
-    for (const auto& [name, loads, reason] : status.named)
-        report["applications"].push_back({{"name", name}, {"loads", loads}, {"reason", reason}});
-    report["otherLoaders"] = status.otherLoaders;
-    report["unreadable"] = status.defaults.unreadable;
-    report["running"] = Json::array();
-    for (const auto& loaded : status.running)
-        report["running"].push_back({{"pid", loaded.process},
-                                     {"name", loaded.name},
-                                     {"path", loaded.path},
-                                     {"version", loaded.version},
-                                     {"difference", difference(loaded, status.installation)}});
-    return report;
 }
 
 } // namespace vistrel::tool

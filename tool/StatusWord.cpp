@@ -8,11 +8,11 @@
 namespace vistrel::tool {
 
 int status(const StatusOptions& options, const std::string& bundles) {
-    const auto report = statusReport(findInstallation(ownProgram(), bundles),
-                                     loadingDefaults(userDefaults()->read()),
-                                     loadedBundles("/proc", ::getuid()));
+    const auto report =
+        statusReport(findInstallation(ownProgram(), bundles),
+                     loadingDefaults(userDefaults()->read()), loadedBundles("/proc", ::getuid()));
     if (options.json)
-        print(toJson(report));
+        printJson(report);
     else
         printText(report);
     return exitcode::done;

@@ -15,10 +15,11 @@ namespace {
 
 void warnOfUnknown(const std::vector<std::string>& applications) {
     const auto places = usualPlaces();
-    for (const auto& application : applications)
+    for (const auto& application : applications) {
         if (!findApplication(application, places))
             warn("There is no application " + application +
                  " at this time. Its name is taken as it is.");
+    }
 }
 
 int carryOut(const SwitchPlan& plan, const LoadingDefaults& before, bool dryRun,

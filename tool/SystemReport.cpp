@@ -44,12 +44,13 @@ fs::path loadedBase() {
 std::string distribution() {
     std::ifstream file("/etc/os-release");
     constexpr std::string_view key = "PRETTY_NAME=";
-    for (std::string line; std::getline(file, line);)
+    for (std::string line; std::getline(file, line);) {
         if (line.starts_with(key)) {
             line.erase(0, key.size());
             std::erase(line, '"');
             return line;
         }
+    }
     return "unknown";
 }
 
@@ -59,8 +60,8 @@ std::vector<Component> reportGNUstep(const std::string& program) {
     const auto library = loadedBase();
     std::vector<Component> components{{"base", versionOf(library)}};
     const auto needed = neededLibraries(program);
-    const auto found = std::ranges::find_if(
-        needed, [](const std::string& name) { return name.starts_with(gui); });
+    const auto found =
+        std::ranges::find_if(needed, [](const std::string& name) { return name.starts_with(gui); });
     components.push_back(
         {"gui", found == needed.end() ? "" : versionOf(library.parent_path() / *found)});
     for (auto& backEnd : backEnds())

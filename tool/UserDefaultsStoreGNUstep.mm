@@ -30,12 +30,30 @@ class Pool {
     NSAutoreleasePool* pool_;
 };
 
+std::vector<std::string> toStrings(NSArray* texts) {
+    std::vector<std::string> strings;
+    for (NSUInteger index = 0; index < [texts count]; ++index)
+        strings.push_back(toString([texts objectAtIndex:index]));
+    return strings;
+}
+
+/// Of all the user's and the system's, in the order in which they are searched.
+std::vector<std::string> foldersFor(NSSearchPathDirectory directory) {
+    std::vector<std::string> folders;
+    for (auto& path :
+         toStrings(NSSearchPathForDirectoriesInDomains(directory, NSAllDomainsMask, YES)))
+        if (std::ranges::count(folders, path) == 0)
+            folders.push_back(std::move(path));
+    return folders;
+}
+
 NSString* folder() {
     return GSDefaultsRootForUser(NSUserName());
 }
 
 NSString* fileOf(NSString* domain) {
-    return [[folder() stringByAppendingPathComponent:domain] stringByAppendingPathExtension:@"plist"];
+    return
+        [[folder() stringByAppendingPathComponent:domain] stringByAppendingPathExtension:@"plist"];
 }
 
 /// What the platform would make of a file, or why it would make nothing of it and write an empty
@@ -53,12 +71,12 @@ FileContent contentOf(NSString* path) {
     @try {
         root = [NSPropertyListSerialization propertyListWithData:data
                                                          options:NSPropertyListImmutable
-                                                          format:NULL
-                                                           error:NULL];
+                                                          format:nullptr
+                                                           error:nullptr];
     } @catch (NSException* exception) {
         root = nil;
     }
-    if (![root isKindOfClass:[NSDictionary class]])
+    if ([root isKindOfClass:[NSDictionary class]] == NO)
         return {.problem = toString(path) + " is damaged."};
     auto values = toPropertyList(root);
     if (!values)
@@ -75,10 +93,10 @@ Array systemBundles() {
 /// Whether `path`, or what it will be made in, can be written.
 bool isWritable(NSString* path) {
     NSFileManager* files = [NSFileManager defaultManager];
-    while (![files fileExistsAtPath:path] && [path length] > 1)
+    while ([files fileExistsAtPath:path] == NO && [path length] > 1)
         path = [path stringByDeletingLastPathComponent];
     BOOL isFolder = NO;
-    return [files fileExistsAtPath:path isDirectory:&isFolder] && isFolder &&
+    return [files fileExistsAtPath:path isDirectory:&isFolder] != NO && isFolder != NO &&
            ::access([path fileSystemRepresentation], W_OK | X_OK) == 0;
 }
 
@@ -87,11 +105,10 @@ class UserDefaultsStore : public DefaultsStore {
     [[nodiscard]] StoredDefaults read() const override {
         const Pool pool;
         StoredDefaults stored{.systemBundles = systemBundles()};
-        for (NSString* name in [[NSFileManager defaultManager] directoryContentsAtPath:folder()]) {
-            if (![[name pathExtension] isEqual:@"plist"])
-                continue;
-            const auto domain = toString([name stringByDeletingPathExtension]);
-            auto content = contentOf([folder() stringByAppendingPathComponent:name]);
+        NSArray* names = [[NSFileManager defaultManager] directoryContentsAtPath:folder()];
+        for (const auto& name : toStrings([names pathsMatchingExtensions:@[ @"plist" ]])) {
+            const auto domain = toString([toNSString(name) stringByDeletingPathExtension]);
+            auto content = contentOf(fileOf(toNSString(domain)));
             if (content.values)
                 stored.domains[domain] = std::move(*content.values);
             else
@@ -143,7 +160,7 @@ class UserDefaultsStore : public DefaultsStore {
                                                     const std::vector<Change>& changes) {
         NSString* path = fileOf(toNSString(domain));
         Dictionary values;
-        if ([[NSFileManager defaultManager] fileExistsAtPath:path]) {
+        if ([[NSFileManager defaultManager] fileExistsAtPath:path] != NO) {
             auto content = contentOf(path);
             if (!content.values)
                 return content.problem;
@@ -158,14 +175,6 @@ class UserDefaultsStore : public DefaultsStore {
         return toString(path) + " could not be written; it is as it was.";
     }
 };
-
-std::vector<std::string> toStrings(NSArray* texts) {
-    std::vector<std::string> strings;
-    for (NSString* text in texts)
-        if (std::ranges::find(strings, toString(text)) == strings.end())
-            strings.push_back(toString(text));
-    return strings;
-}
 
 } // namespace
 
@@ -185,24 +194,23 @@ std::string homeFolder() {
 
 std::vector<std::string> applicationFolders() {
     const Pool pool;
-    return toStrings(
-        NSSearchPathForDirectoriesInDomains(NSApplicationDirectory, NSAllDomainsMask, YES));
+    return foldersFor(NSApplicationDirectory);
 }
 
 std::vector<Component> backEnds() {
     const Pool pool;
     std::vector<Component> found;
-    for (const auto& library : toStrings(
-             NSSearchPathForDirectoriesInDomains(NSLibraryDirectory, NSAllDomainsMask, YES))) {
+    for (const auto& library : foldersFor(NSLibraryDirectory)) {
         NSString* bundles = toNSString(library + "/Bundles");
-        NSArray* names = [[[NSFileManager defaultManager] directoryContentsAtPath:bundles]
-            sortedArrayUsingSelector:@selector(compare:)];
-        for (NSString* name in names) {
-            NSDictionary* information = [[NSBundle
-                bundleWithPath:[bundles stringByAppendingPathComponent:name]] infoDictionary];
-            if ([[information objectForKey:@"NSPrincipalClass"] isEqual:@"GSBackend"])
-                found.push_back({toString([name stringByDeletingPathExtension]),
-                                 toString([information objectForKey:@"GSBundleShortVersionString"])});
+        NSArray* names = [[NSFileManager defaultManager] directoryContentsAtPath:bundles];
+        for (const auto& name : toStrings([names sortedArrayUsingSelector:@selector(compare:)])) {
+            NSString* path = [bundles stringByAppendingPathComponent:toNSString(name)];
+            NSDictionary* information = [[NSBundle bundleWithPath:path] infoDictionary];
+            if ([[information objectForKey:@"NSPrincipalClass"] isEqual:@"GSBackend"] != NO) {
+                found.push_back(
+                    {toString([[path lastPathComponent] stringByDeletingPathExtension]),
+                     toString([information objectForKey:@"GSBundleShortVersionString"])});
+            }
         }
     }
     return found;

@@ -545,7 +545,7 @@ def test_doctor_looks_into_an_application(
     assert [(item["position"], item["title"]) for item in found["block"]][:3] == [
         (3, "Quorvix's Vistrel"), (4, "Settings"), (5, "Arrange"),
     ]
-    assert found["defaults"]["centerString"] == "n"
+    assert found["settings"]["centerString"] == "n"
     assert [(each["keys"], each["theirs"].split(" > ")[-1], each["theirsWins"])
             for each in found["collisions"]] == [("Command-N", "New", True)]
     assert stored(account) == before, "nothing is saved"

@@ -132,7 +132,7 @@ TEST(EveryState, BecomesWhatWasRequestedAndNothingElseChanges) {
         for (const auto& name : applications) {
             const bool wanted = isNamed(request, name) ? on
                                 : !all                 ? loads(state, name)
-                                                       : on && !isSwitchedOff(valuesOf(state, name));
+                                       : on && !isSwitchedOff(valuesOf(state, name));
             ASSERT_EQ(loads(plan.after, name), wanted) << name;
         }
         ASSERT_EQ(loadsByDefault(plan.after), all ? on : loadsByDefault(state));
@@ -296,10 +296,9 @@ TEST(EnablingAll, LeavesAnApplicationsOddListAndSaysSo) {
 TEST(EnablingOne, ListsTheLoaderAndExceptsAllOthers) {
     const SwitchRequest request{.to = Switch::on, .applications = {"TextEdit"}};
     const auto plan = tool::plan({}, request, loader());
-    EXPECT_THAT(plan.changes,
-                ElementsAre(Change{"TextEdit", enabledKey, std::nullopt, true},
-                            Change{global, bundlesKey, std::nullopt, list({ours})},
-                            Change{global, enabledKey, std::nullopt, false}))
+    EXPECT_THAT(plan.changes, ElementsAre(Change{"TextEdit", enabledKey, std::nullopt, true},
+                                          Change{global, bundlesKey, std::nullopt, list({ours})},
+                                          Change{global, enabledKey, std::nullopt, false}))
         << "the exceptions come before the list";
 }
 

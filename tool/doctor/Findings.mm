@@ -11,8 +11,8 @@ id orNull(id value) {
     return value != nil ? value : [NSNull null];
 }
 
-NSNumber* flag(BOOL value) {
-    return [NSNumber numberWithBool:value];
+NSNumber* flag(bool value) {
+    return [NSNumber numberWithBool:value ? YES : NO];
 }
 
 NSArray* numbers(NSRect rect) {
@@ -27,21 +27,22 @@ Class controllerClass() {
 /// What Vistrel itself takes for the host's Window menu or Zoom item.
 id askController(SEL question) {
     Class controller = controllerClass();
-    return [controller respondsToSelector:question] ? [controller performSelector:question] : nil;
+    return [controller respondsToSelector:question] != NO ? [controller performSelector:question]
+                                                          : nil;
 }
 
 NSArray* itemsOf(NSMenu* menu, int depth);
 
 NSDictionary* describe(NSMenuItem* item, int depth) {
-    id target = [item target];
-    const BOOL isOurs = target != nil && [target isKindOfClass:controllerClass()];
+    const bool isSeparator = [item isSeparatorItem] != NO;
+    const bool isOurs = [[item target] isKindOfClass:controllerClass()] != NO;
     return @{
-        @"title" : [item isSeparatorItem] ? @"" : orNull([item title]),
-        @"separator" : flag([item isSeparatorItem]),
+        @"title" : isSeparator ? @"" : orNull([item title]),
+        @"separator" : flag(isSeparator),
         @"key" : orNull([item keyEquivalent]),
         @"mask" : @([item keyEquivalentModifierMask]),
         @"ours" : flag(isOurs),
-        @"items" : [item hasSubmenu] ? itemsOf([item submenu], depth + 1) : @[],
+        @"items" : [item hasSubmenu] != NO ? itemsOf([item submenu], depth + 1) : @[],
     };
 }
 
@@ -54,31 +55,21 @@ NSArray* itemsOf(NSMenu* menu, int depth) {
 
 NSArray* screens() {
     NSMutableArray* all = [NSMutableArray array];
-    for (NSScreen* screen in [NSScreen screens])
-        [all addObject:@{
-            @"frame" : numbers([screen frame]),
-            @"visibleFrame" : numbers([screen visibleFrame]),
-        }];
+    for (NSUInteger index = 0; index < [[NSScreen screens] count]; ++index)
+        [all addObject:numbers([[[NSScreen screens] objectAtIndex:index] frame])];
     return all;
-}
-
-NSDictionary* keyWindow() {
-    NSWindow* window = [NSApp keyWindow];
-    if (window == nil)
-        return nil;
-    return @{@"title" : orNull([window title]), @"frame" : numbers([window frame])};
 }
 
 /// JSON has no data and no dates.
 id asJSON(id value) {
-    if (value == nil || [NSJSONSerialization isValidJSONObject:@[ value ]])
-        return orNull(value);
-    return [value description];
+    const bool hasForm = [NSJSONSerialization isValidJSONObject:@[ value ]] != NO;
+    return hasForm ? value : [value description];
 }
 
 NSDictionary* defaults(NSArray* keys) {
     NSMutableDictionary* values = [NSMutableDictionary dictionary];
-    for (NSString* key in keys) {
+    for (NSUInteger index = 0; index < [keys count]; ++index) {
+        NSString* key = [keys objectAtIndex:index];
         id value = [[NSUserDefaults standardUserDefaults] objectForKey:key];
         if (value != nil)
             [values setObject:asJSON(value) forKey:key];
@@ -95,14 +86,11 @@ NSDictionary* findings(NSArray* keys) {
     NSBundle* vistrel = [NSBundle bundleForClass:controllerClass()];
     return @{
         @"vistrel" : orNull(controllerClass() != Nil ? [vistrel bundlePath] : nil),
-        @"application" : [[NSProcessInfo processInfo] processName],
-        @"path" : orNull([[NSBundle mainBundle] bundlePath]),
         @"windowsMenu" : orNull([windowsMenu title]),
         @"foundMenu" : orNull([foundMenu title]),
         @"zoomItem" : orNull([zoom title]),
         @"windowItems" : itemsOf(foundMenu != nil ? foundMenu : windowsMenu, 0),
         @"mainMenu" : itemsOf([NSApp mainMenu], 0),
-        @"keyWindow" : orNull(keyWindow()),
         @"screens" : screens(),
         @"backEnd" : orNull([[NSBundle bundleForClass:NSClassFromString(@"GSBackend")] bundlePath]),
         @"defaults" : defaults(keys),

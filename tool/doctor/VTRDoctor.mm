@@ -7,10 +7,6 @@ namespace {
 /// For a host into which Vistrel cannot be loaded. Much longer than loading takes.
 constexpr NSTimeInterval longestLoading = 5;
 
-NSArray* allModes() {
-    return @[ NSDefaultRunLoopMode, NSModalPanelRunLoopMode, NSEventTrackingRunLoopMode ];
-}
-
 /// The findings, or why there are none.
 NSDictionary* report() {
     @try {
@@ -48,26 +44,29 @@ NSDictionary* report() {
 }
 
 - (void)hostDidLaunch:(NSNotification*)notification {
-    [self performSelector:@selector(writeReport)
-               withObject:nil
-               afterDelay:longestLoading
-                  inModes:allModes()];
+    [self writeReportAfter:longestLoading];
 }
 
 /// Vistrel installs itself while it is loaded. What the host makes of that, its menus for one, is
 /// there a turn of the run loop later.
 - (void)bundleDidLoad:(NSNotification*)notification {
-    if ([[[[notification object] bundlePath] lastPathComponent] isEqual:@"Vistrel.bundle"])
-        [self performSelector:@selector(writeReport)
-                   withObject:nil
-                   afterDelay:0
-                      inModes:allModes()];
+    NSString* name = [[[notification object] bundlePath] lastPathComponent];
+    if ([name isEqual:@"Vistrel.bundle"] != NO)
+        [self writeReportAfter:0];
+}
+
+- (void)writeReportAfter:(NSTimeInterval)seconds {
+    [self performSelector:@selector(writeReport)
+               withObject:nil
+               afterDelay:seconds
+                  inModes:[NSArray arrayWithObjects:NSDefaultRunLoopMode, NSModalPanelRunLoopMode,
+                                                    NSEventTrackingRunLoopMode, nil]];
 }
 
 - (void)writeReport {
     NSString* path = [[NSUserDefaults standardUserDefaults] stringForKey:@"VTRDoctorReport"];
-    NSData* data = [NSJSONSerialization dataWithJSONObject:report() options:0 error:NULL];
-    _exit([data writeToFile:path atomically:YES] ? 0 : 1);
+    NSData* data = [NSJSONSerialization dataWithJSONObject:report() options:0 error:nullptr];
+    _exit([data writeToFile:path atomically:YES] != NO ? 0 : 1);
 }
 
 @end
