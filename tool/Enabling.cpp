@@ -78,12 +78,8 @@ class Planner {
         addToGlobalList();
         global().enabled.reset();
         for (auto& [name, values] : after_.domains) {
-            if (name == globalDomain)
+            if (name == globalDomain || isSwitchedOff(values))
                 continue;
-            if (isSwitchedOff(values)) {
-                removeFromOwnList(values);
-                continue;
-            }
             values.enabled.reset();
             addToOwnList(values);
             if (hasOddList(name))

@@ -317,6 +317,21 @@ TEST(DisablingOne, WhereNothingIsEnabledLeavesNoTrace) {
     EXPECT_THAT(tool::plan({}, request, loader()).changes, IsEmpty());
 }
 
+TEST(DisablingOne, WhereNothingIsEnabledLeavesTheOthersAsTheyAre) {
+    LoadingDefaults state;
+    state.domains["Ink"].enabled = false;
+    const SwitchRequest request{.to = Switch::off, .applications = {"TextEdit"}};
+    EXPECT_THAT(tool::plan(state, request, loader()).changes, IsEmpty());
+}
+
+TEST(DisablingOne, ThatIsSwitchedOffAlreadyKeepsTheWordForIt) {
+    LoadingDefaults state;
+    state.domains[global].bundles = list({ours});
+    state.domains["Ink"].enabled = std::string("NO");
+    const SwitchRequest request{.to = Switch::off, .applications = {"Ink"}};
+    EXPECT_THAT(tool::plan(state, request, loader()).changes, IsEmpty());
+}
+
 TEST(AnOddGlobalList, IsAProblemForEveryRequest) {
     for (const auto& odd : {PropertyList(std::string("/a.bundle")), PropertyList(true),
                             PropertyList(Dictionary{}), PropertyList(std::int64_t{1})})

@@ -48,8 +48,9 @@ Dictionary with(Dictionary values, std::string_view key, PropertyList value) {
 TEST(TheTable, HasEverySettingOfTheFileInItsOrder) {
     std::size_t index = 0;
     for (const auto& setting : knownSettings())
-        if (setting.place == SettingPlace::file)
+        if (setting.place == SettingPlace::file) {
             EXPECT_EQ(setting.key, globalSettings.at(index++).key);
+        }
     EXPECT_EQ(index, globalSettings.size());
 }
 
