@@ -184,7 +184,7 @@ def test_a_host_may_quit_while_an_alert_is_up(start_host: StartHost, screen: Des
     commands = start(start_host, screen)
     ask_for(commands, SAVE)
     screen.keyboard.chord(COMMAND, "q")
-    assert commands.host.process.wait(10) == 0
+    assert commands.host.wait_for_end() == 0
     assert "exception" not in commands.host.log
 
 

@@ -74,7 +74,7 @@ def test_the_finder_tells_that_it_restarts_and_quits(
     assert account.processes() == processes, "no other program was asked for the name"
     assert not record.exists()
     answer(commands.host, way)
-    assert commands.host.process.wait(10) == 0
+    assert commands.host.wait_for_end() == 0
     wait_until(record.exists, "the shell to start")
     assert record.read_bytes().split(b"\0")[:-1] == [
         b"-c", f"sleep 1 ; /usr/bin/open '{application}'".encode()

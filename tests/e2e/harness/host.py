@@ -12,7 +12,7 @@ from . import applications
 from .account import Account
 from .desktop import Desktop
 from .geometry import Rect
-from .probe import Default, Probe
+from .probe import Default, Probe, ProbeError
 from .waiting import insist, wait_until
 
 Result = TypeVar("Result")
@@ -133,6 +133,22 @@ class Host:
         if self.alive:
             self.process.kill()
         return self.process.wait()
+
+    def wait_for_end(self) -> int:
+        """Its exit status, when it has ended by itself.
+
+        The platform may leave keys that come at the wrong moment in its queue
+        until it has something else to do, such as to answer a question.
+        """
+        wait_until(self._has_ended, f"{self.name} to end", explain=self.describe)
+        return self.process.wait()
+
+    def _has_ended(self) -> bool:
+        try:
+            self.probe.state()
+        except ProbeError:
+            return not self.alive
+        return False
 
     # Looking
 
