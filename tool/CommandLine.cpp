@@ -105,6 +105,14 @@ void addReports(CLI::App& tool, CommandLine& line) {
     addJSON(settings, line.settings.json);
 }
 
+void addPurge(CLI::App& tool, PurgeOptions& options) {
+    addWord(tool, "purge", "Delete everything that Vistrel has saved",
+            "That is the settings file, and Vistrel's settings in the defaults of the\n"
+            "applications that it has run in, saved window frames among them. It stays\n"
+            "enabled where it is; see disable.")
+        .add_flag("--dry-run", options.dryRun, "Print what would be deleted, and delete nothing");
+}
+
 /// The position of the next argument that is no option of ours.
 std::size_t nextWord(const Arguments& arguments, std::size_t position) {
     while (position < arguments.size() && arguments[position].starts_with('-')) {
@@ -166,6 +174,7 @@ std::optional<CommandLine> readCommandLine(int count, const char* const* argumen
     addSwitches(tool, line.change);
     addRun(tool, line.run);
     addReports(tool, line);
+    addPurge(tool, line.purge);
     Arguments words(arguments + 1, arguments + count);
     takeCommand(words, line.run);
     try {

@@ -34,6 +34,10 @@ struct SettingsOptions {
     bool json = false;
 };
 
+struct PurgeOptions {
+    bool dryRun = false;
+};
+
 /// What the user typed.
 struct CommandLine {
     /// The first word, which says what to do.
@@ -45,6 +49,7 @@ struct CommandLine {
     StatusOptions status;
     DoctorOptions doctor;
     SettingsOptions settings;
+    PurgeOptions purge;
 };
 
 /// Reads the command line. nullopt when there is nothing more to do: help or a message has been

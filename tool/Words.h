@@ -26,4 +26,6 @@ int doctor(const DoctorOptions& options, const std::string& bundles);
 
 int settings(const SettingsOptions& options);
 
+int purge(const PurgeOptions& options);
+
 } // namespace vistrel::tool

@@ -20,7 +20,9 @@ int obey(const CommandLine& line) {
         return status(line.status, line.bundles);
     if (line.word == "doctor")
         return doctor(line.doctor, line.bundles);
-    return settings(line.settings);
+    if (line.word == "settings")
+        return settings(line.settings);
+    return purge(line.purge);
 }
 
 } // namespace

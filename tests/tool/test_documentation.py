@@ -37,7 +37,7 @@ ALL_OPTIONS = GENERAL.union(*OPTIONS.values())
 
 
 def test_there_are_commands_and_each_has_help() -> None:
-    assert commands() == ["enable", "disable", "run", "status", "doctor", "settings"]
+    assert commands() == ["enable", "disable", "run", "status", "doctor", "settings", "purge"]
     assert all("--help" in found for found in OPTIONS.values())
 
 

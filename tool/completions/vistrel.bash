@@ -34,8 +34,9 @@ _vistrel() {
     --timeout) return ;;
     *)
         case $command in
-        '') words='enable disable run status doctor settings --help --version --bundles' ;;
+        '') words='enable disable run status doctor settings purge --help --version --bundles' ;;
         enable | disable) words='--help --app --dry-run' ;;
+        purge) words='--help --dry-run' ;;
         run)
             if ((COMP_CWORD > i + 1)) && [[ $previous != -* ]]; then
                 compopt -o default

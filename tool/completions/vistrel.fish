@@ -9,7 +9,7 @@ function __vistrel_applications
     end
 end
 
-set -l commands enable disable run status doctor settings
+set -l commands enable disable run status doctor settings purge
 set -l none "not __fish_seen_subcommand_from $commands"
 
 complete -c vistrel -f
@@ -23,10 +23,11 @@ complete -c vistrel -n $none -a run -d 'Start an application with Vistrel in it'
 complete -c vistrel -n $none -a status -d 'Tell where Vistrel is'
 complete -c vistrel -n $none -a doctor -d 'Collect what the report of a fault needs'
 complete -c vistrel -n $none -a settings -d 'Print the settings and what they mean'
+complete -c vistrel -n $none -a purge -d 'Delete everything that Vistrel has saved'
 
 complete -c vistrel -n '__fish_seen_subcommand_from enable disable settings' -l app -x \
     -a '(__vistrel_applications)' -d 'Only this application'
-complete -c vistrel -n '__fish_seen_subcommand_from enable disable run' -l dry-run \
+complete -c vistrel -n '__fish_seen_subcommand_from enable disable run purge' -l dry-run \
     -d 'Print what would be done'
 complete -c vistrel -n '__fish_seen_subcommand_from status doctor settings' -l json \
     -d 'Report as JSON'
