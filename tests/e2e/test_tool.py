@@ -360,6 +360,28 @@ def test_an_application_with_a_list_of_its_own_has_the_block_too(
     assert tool("enable").code == 0
     wait_for_block(started("TextEdit"))
 
+# Purging
+
+
+def test_purge_deletes_what_an_application_has_saved_and_nothing_else(
+    tool: Tool, account: Account, started: Callable[[str], Host], lived_in: dict[str, object]
+) -> None:
+    assert tool("enable").code == 0
+    write_settings(account, globalSettingsIndex=3)
+    account.write_defaults("TextEdit", {"vtr_savedWindowRect": "{{1, 2}, {300, 400}}"})
+    host = started("TextEdit")
+    wait_for_block(host)
+    assert host.quit() == 0
+    foretold = tool("purge", "--dry-run")
+    assert foretold.text.startswith("Would remove:") and stored(account) != lived_in
+    answer = tool("purge")
+    assert answer.code == 0 and changes(answer) == changes(foretold)
+    assert not list(account.home.rglob("*Vistrel*"))
+    left = stored(account)["TextEdit"]
+    assert not [key for key in left if key.startswith("vtr") or "Settings" in key], left
+    assert left["NSFont"] == "Mono"
+    assert tool("purge").text.startswith("Nothing to remove")
+
 
 def test_run_loads_vistrel_once_whatever_the_defaults_say(
     tool: Tool, account: Account, desktop: Desktop, program: Path, pictures: Path
