@@ -163,6 +163,21 @@ def test_a_hidden_menu_comes_back_at_its_edge(
     wait_for_menu(commands, False)
 
 
+def test_a_menu_that_is_back_is_above_the_window_each_time(
+    start_host: StartHost, desktop: Desktop
+) -> None:
+    """The menu is on screen when the mode begins, and gone an instant later."""
+    commands = start(start_host, "Ink", desktop)
+    fill(commands, Rect(0, 0, *desktop.size))
+    for _ in range(5):
+        desktop.mouse.move(40, 0)
+        wait_for_menu(commands, True)
+        commands.pick(FULLSCREEN)
+        commands.pick(FULLSCREEN)
+        area = Rect(0, 0, *desktop.size)
+        commands.host.wait_until(lambda: commands.client() == area, "the content to fill")
+
+
 def test_the_mode_holds_only_while_the_host_is_active(
     start_host: StartHost, screen: Desktop
 ) -> None:

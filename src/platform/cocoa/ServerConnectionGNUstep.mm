@@ -187,6 +187,10 @@ xcb_window_t ServerConnection::focus() {
     return reply ? reply->focus : 0;
 }
 
+void ServerConnection::wait() {
+    focus();
+}
+
 void ServerConnection::raise(xcb_window_t window) {
     if (connection_ == nullptr)
         return;

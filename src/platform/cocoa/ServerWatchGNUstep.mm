@@ -125,6 +125,8 @@ void watchWindow(XWindow window, const ServerWatcher& watcher) {
     // The request that makes the window takes another way to the server.
     waitForServer();
     watch().server.selectEvents(static_cast<xcb_window_t>(window), XCB_EVENT_MASK_STRUCTURE_NOTIFY);
+    // And so does the one with which the host takes the window away again.
+    watch().server.wait();
 }
 
 void watchAllWindows(bool on, const ServerWatcher& watcher) {
