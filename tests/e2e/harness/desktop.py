@@ -46,9 +46,9 @@ class Desktop:
         self.mouse = Mouse(self.connection)
         self.keyboard = Keyboard(self.connection)
         self._echo = ManagerEcho(self.connection)
-        self._manager = manager and manager(account, self.server, logs / "manager.log")
-        if self._manager:
-            self._manager.start()
+        self.manager = manager and manager(account, self.server, logs / "manager.log")
+        if self.manager:
+            self.manager.start()
             self.catch_up()
 
     def _serve(self, log: Path, size: tuple[int, int]) -> XServer:
@@ -61,8 +61,8 @@ class Desktop:
         self.close()
 
     def close(self) -> None:
-        if self._manager:
-            self._manager.close()
+        if self.manager:
+            self.manager.close()
         self.server.close()
 
     # Looking

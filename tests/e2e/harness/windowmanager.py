@@ -84,6 +84,12 @@ class WindowManager(ABC):
             explain=lambda: self._log.read_text(errors="replace"),
         )
 
+    def restart(self) -> None:
+        """As after a crash of it: for a while there is none."""
+        self.close()
+        wait_until(lambda: not announced(self._server), "the window manager to be gone")
+        self.start()
+
     def close(self) -> None:
         """Kill its whole session: one of them answers no polite signal."""
         if self._process is not None and self._process.poll() is None:

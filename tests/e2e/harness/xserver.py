@@ -2,13 +2,14 @@
 
 from __future__ import annotations
 
+import contextlib
 import os
 import select
 import subprocess
 from collections.abc import Sequence
 from pathlib import Path
 
-from Xlib import X, Xatom
+from Xlib import X, Xatom, error
 from Xlib.display import Display
 from Xlib.ext import randr
 
@@ -71,8 +72,14 @@ class XServer:
             pass
         return event.time
 
+    def crash(self) -> None:
+        """For whoever is connected, the connection breaks."""
+        self._process.kill()
+        self._process.wait()
+
     def close(self) -> None:
-        self.connection.close()
+        with contextlib.suppress(error.ConnectionClosedError):
+            self.connection.close()
         self._process.terminate()
         try:
             self._process.wait(timeout=5)
