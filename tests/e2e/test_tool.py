@@ -43,6 +43,12 @@ def program() -> Path:
     return Path(os.environ["VISTREL_BUILD_DIR"]) / "bin" / "vistrel"
 
 
+@pytest.fixture(scope="session")
+def version(program: Path) -> str:
+    told = subprocess.run([program, "--version"], capture_output=True, text=True, check=True)
+    return told.stdout.split()[1]
+
+
 @pytest.fixture
 def loader(loader_bundle: Path) -> str:
     return str(loader_bundle)
@@ -434,10 +440,10 @@ def test_run_ends_as_the_application_does(tool: Tool, desktop: Desktop) -> None:
 # Reports
 
 
-def test_status_tells_for_whom_it_is_enabled(tool: Tool, account: Account, loader: str) -> None:
+def test_status_tells_for_whom_it_is_enabled(tool: Tool, loader: str, version: str) -> None:
     folder = str(Path(loader).parent)
     report = tool("status", "--json").json()
-    assert report["installed"] == {"folder": folder, "version": "1.1.2"}
+    assert report["installed"] == {"folder": folder, "version": version}
     assert report["enabled"] == "off" and report["applications"] == []
     tool("enable")
     tool("disable", "--app", "Ink")
@@ -459,7 +465,7 @@ def test_status_finds_a_list_that_hides_the_loader(tool: Tool, account: Account)
 
 
 def test_status_finds_running_applications(
-    tool: Tool, start_host: StartHost, loader: str
+    tool: Tool, start_host: StartHost, loader: str, version: str
 ) -> None:
     host = start_host("TextEdit")
     wait_for_block(host)
@@ -469,25 +475,25 @@ def test_status_finds_running_applications(
         return next(found for found in running if found["pid"] == host.process.pid)
 
     assert entry() == {
-        "pid": host.process.pid, "name": "TextEdit", "version": "1.1.2", "difference": "",
+        "pid": host.process.pid, "name": "TextEdit", "version": version, "difference": "",
         "path": str(Path(loader).with_name("Vistrel.bundle")),
     }
 
 
 def test_status_tells_another_version_apart(
-    tool: Tool, start_host: StartHost, loader_bundle: Path, tmp_path: Path
+    tool: Tool, start_host: StartHost, loader_bundle: Path, tmp_path: Path, version: str
 ) -> None:
     folder = tmp_path / "old"
     for name in ("VistrelLoader.bundle", "Vistrel.bundle"):
         shutil.copytree(loader_bundle.with_name(name), folder / name)
     information = folder / "Vistrel.bundle" / "Resources" / "Info-gnustep.plist"
-    information.write_text(information.read_text().replace("1.1.2", "1.0.9"))
+    information.write_text(information.read_text().replace(version, "0.0.9"))
     host = start_host("TextEdit", bundles=[folder / "VistrelLoader.bundle"])
     wait_for_block(host)
     line = next(
         line for line in tool("status").text.splitlines() if str(host.process.pid) in line
     )
-    assert "version 1.0.9" in line and "not the installed version" in line
+    assert "version 0.0.9" in line and "not the installed version" in line
     (folder / "Vistrel.bundle" / "Vistrel").unlink()
     line = next(
         line for line in tool("status").text.splitlines() if str(host.process.pid) in line
