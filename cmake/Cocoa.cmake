@@ -26,6 +26,9 @@ foreach(kind objc-flags base-libs gui-libs)
         message(FATAL_ERROR "gnustep-config knows no ${kind}: it needs make to find out")
     endif()
     separate_arguments(${kind} UNIX_COMMAND "${${kind}}")
+    # What a user has installed at home is no part of the build, and would make it another one for
+    # each user.
+    list(FILTER ${kind} EXCLUDE REGEX "/GNUstep/Library/(Headers|Libraries)$")
 endforeach()
 # CMake tracks dependencies, the optimisation is the preset's, and the headers are not ours to warn
 # about.
