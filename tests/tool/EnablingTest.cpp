@@ -34,14 +34,12 @@ using Values = std::vector<std::optional<PropertyList>>;
 
 /// Lists without anything of ours.
 Values foreignLists() {
-    return {std::nullopt, list({other}), list({other, std::int64_t{7}, third}),
-            list({std::string("relative")})};
+    return {std::nullopt, list({other, std::int64_t{7}, third})};
 }
 
 Values allLists() {
     auto lists = foreignLists();
     lists.push_back(list({}));
-    lists.push_back(list({ours}));
     lists.push_back(list({other, otherCopy, third}));
     lists.push_back(list({otherCopy, other, ours + "/", ours}));
     return lists;
@@ -60,7 +58,7 @@ std::vector<SwitchRequest> requests() {
     std::vector<SwitchRequest> all;
     for (const auto to : {Switch::on, Switch::off})
         for (const auto& names : std::vector<std::vector<std::string>>{
-                 {}, {"TextEdit"}, {"Unknown"}, {"TextEdit", "Ink"}, {"Ink", "Ink"}})
+                 {}, {"TextEdit"}, {"Unknown"}, {"TextEdit", "Ink", "Ink"}})
             all.push_back({.to = to, .applications = names});
     return all;
 }
