@@ -180,8 +180,9 @@ TEST_F(StartContract, TheFileMayHoldAnything) {
         start();
         const auto search = command("Show Spotlight Window");
         EXPECT_EQ(search.key, boolValue(&value) ? " " : "");
-        if (boolValue(&value))
+        if (boolValue(&value)) {
             EXPECT_EQ(search.mask, intValue(&value) == 0 ? commandMask : commandMask | optionMask);
+        }
         EXPECT_EQ(corvane->fields().screensString, boolValue(&value) ? "1" : "");
     }
 }
