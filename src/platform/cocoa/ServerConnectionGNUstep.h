@@ -51,7 +51,8 @@ class ServerConnection {
     /// The window that has the keyboard.
     xcb_window_t focus();
 
-    /// Returns when the server has done all that it was asked for. Events may have arrived meanwhile.
+    /// Returns when the server has done all that it was asked for. Events may have arrived
+    /// meanwhile.
     void wait();
 
     void raise(xcb_window_t window);
