@@ -57,6 +57,8 @@ class StartContract : public ContractTest {
   protected:
     void SetUp() override {
         host->openWindow(initial);
+        // Windows are to move at once.
+        store("NSWindowResizeTime", 0);
         files().createDirectory(files().expandTilde("~/Library/Application Support/Vistrel"));
     }
 

@@ -6,19 +6,17 @@ from collections.abc import Callable
 from typing import Any
 
 import settingswindow
+from alerts import SAVED, answer, shown, wait_for_alert
 from block import ABOUT, ARRANGE, BLOCK, FLOATING, FULLSCREEN, HIDING, LION, SETTINGS, Row
-from harness import alerts
-from harness.alerts import Alert
 from harness.browser import Browser
 from harness.geometry import Rect
 from harness.host import Host
 from harness.menus import Menus
 
 ABOUT_WINDOW = "About Vistrel"
-NO_NETWORK = Alert(
+NO_NETWORK = (
     "Error!",
     "Unable to check for updates. Please check your internet connection and try again later.",
-    ["OK"],
 )
 
 
@@ -82,7 +80,7 @@ class Everything:
         self.choose(submenu, about)
         self.close_window(ABOUT_WINDOW)
         self.choose(submenu, website, meanwhile=self.wait_for_page)
-        self.choose(submenu, updates, meanwhile=lambda: self.answer(NO_NETWORK))
+        self.choose(submenu, updates, meanwhile=lambda: self.dismiss(NO_NETWORK))
         self.choose(submenu, more, meanwhile=self.wait_for_page)
 
     def settings(self) -> None:
@@ -91,9 +89,7 @@ class Everything:
         self.choose(submenu, show)
         self.close_window(settingswindow.TITLE)
         saved = self.frame()
-        self.choose(submenu, save, meanwhile=lambda: self.answer(
-            Alert("Success!", "Current window frame successfully saved.", ["OK"])
-        ))
+        self.choose(submenu, save, meanwhile=lambda: self.dismiss(SAVED))
         self.choose(submenu, restore)
         assert self.frame() == saved
 
@@ -111,9 +107,11 @@ class Everything:
 
     # What comes of them
 
-    def answer(self, expected: Alert) -> None:
-        assert alerts.wait_for(self.host) == expected
-        alerts.answer(self.host, "Return")
+    def dismiss(self, words: tuple[str, str]) -> None:
+        assert wait_for_alert(self.host).words == words
+        answer(self.host, "Return")
+        self.host.wait_until(lambda: shown(self.host) is None, "the alert to end")
+        self.host.catch_up()
 
     def close_window(self, title: str) -> None:
         def is_key() -> bool:
