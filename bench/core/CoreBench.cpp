@@ -1,34 +1,11 @@
+#include "AllocationCounter.h"
 #include "TestHost.h"
 
 #include "platform/posix/PropertyListXML.h"
 
 #include <benchmark/benchmark.h>
 
-#include <cstdlib>
-#include <new>
-
 /// What the core costs by itself, on the memory platform.
-
-namespace {
-
-std::size_t allocations = 0;
-
-} // namespace
-
-void* operator new(std::size_t size) {
-    ++allocations;
-    if (void* memory = std::malloc(size)) // NOLINT(cppcoreguidelines-no-malloc)
-        return memory;
-    throw std::bad_alloc();
-}
-
-void operator delete(void* memory) noexcept {
-    std::free(memory); // NOLINT(cppcoreguidelines-no-malloc)
-}
-
-void operator delete(void* memory, std::size_t) noexcept {
-    std::free(memory); // NOLINT(cppcoreguidelines-no-malloc)
-}
 
 namespace vistrel {
 namespace {
@@ -40,7 +17,7 @@ class Allocations {
 
     ~Allocations() {
         state_.counters["allocations"] = benchmark::Counter(
-            static_cast<double>(allocations - before_), benchmark::Counter::kAvgIterations);
+            static_cast<double>(allocationsSoFar() - before_), benchmark::Counter::kAvgIterations);
     }
 
     Allocations(const Allocations&) = delete;
@@ -48,7 +25,7 @@ class Allocations {
 
   private:
     benchmark::State& state_;
-    std::size_t before_ = allocations;
+    std::size_t before_ = allocationsSoFar();
 };
 
 /// A host whose Window menu has this many items above Zoom.

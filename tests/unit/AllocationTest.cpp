@@ -1,30 +1,7 @@
+#include "AllocationCounter.h"
 #include "TestHost.h"
 
-#include <cstdlib>
-#include <new>
-
-/// A program of its own, because it replaces the allocation functions.
-namespace {
-
-std::size_t allocations = 0;
-
-} // namespace
-
-void* operator new(std::size_t size) {
-    ++allocations;
-    if (void* memory = std::malloc(size)) // NOLINT(cppcoreguidelines-no-malloc)
-        return memory;
-    throw std::bad_alloc();
-}
-
-void operator delete(void* memory) noexcept {
-    std::free(memory); // NOLINT(cppcoreguidelines-no-malloc)
-}
-
-void operator delete(void* memory, std::size_t) noexcept {
-    std::free(memory); // NOLINT(cppcoreguidelines-no-malloc)
-}
-
+/// A program of its own, because the counter replaces the allocation functions.
 namespace vistrel {
 namespace {
 
@@ -37,11 +14,11 @@ TEST_P(GeometryCommand, AllocatesNothing) {
     it.load();
     it.host.calls.isRecording = false;
     auto& controller = *it.corvane.m;
-    const auto before = allocations;
+    const auto before = allocationsSoFar();
     ASSERT_GT(before, 0U) << "allocations are not counted";
     (controller.*GetParam())();
     (controller.*GetParam())();
-    EXPECT_EQ(allocations, before);
+    EXPECT_EQ(allocationsSoFar(), before);
 }
 
 INSTANTIATE_TEST_SUITE_P(Commands, GeometryCommand,
