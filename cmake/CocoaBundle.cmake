@@ -1,3 +1,7 @@
+include(CheckLinkerFlag)
+# Objective-C's tables are all pointers; packed, they take a tenth of the room.
+check_linker_flag(CXX -Wl,-z,pack-relative-relocs PACKS_RELATIVE_RELOCATIONS)
+
 # add_cocoa_bundle(TARGET [INSERTABLE] NAME name PRINCIPAL_CLASS class SOURCES file... [RESOURCES file...]
 #                  [INFO key text...] [INSTALLED])
 #
@@ -5,7 +9,8 @@
 # Contents/MacOS for macOS, from one Info.plist template, to which INFO adds texts of the bundle's own.
 # Interface files are copied for GNUstep, which reads them as they are, and compiled for macOS, which does
 # not. The program of an INSERTABLE bundle can also be inserted into a macOS process as a library.
-# INSTALLED: users get the bundle, not only tests.
+# INSTALLED: users get the bundle, not only tests. A program exports its Objective-C classes only, so
+# that nothing of it is taken for the host's own.
 function(add_cocoa_bundle target)
     cmake_parse_arguments(PARSE_ARGV 1 BUNDLE "INSERTABLE;INSTALLED"
         "NAME;PRINCIPAL_CLASS" "SOURCES;RESOURCES;INFO")
@@ -15,6 +20,15 @@ function(add_cocoa_bundle target)
     endif()
     add_library(${target} ${kind} ${BUNDLE_SOURCES})
     target_link_libraries(${target} PRIVATE vistrel_flags cocoa)
+    if(NOT APPLE)
+        target_link_options(${target} PRIVATE
+            -Wl,--version-script=${PROJECT_SOURCE_DIR}/cmake/exports.map -Wl,--gc-sections)
+        if(PACKS_RELATIVE_RELOCATIONS)
+            target_link_options(${target} PRIVATE -Wl,-z,pack-relative-relocs)
+        endif()
+        set_target_properties(${target} PROPERTIES
+            LINK_DEPENDS ${PROJECT_SOURCE_DIR}/cmake/exports.map)
+    endif()
 
     set(bundle ${PROJECT_BINARY_DIR}/bundles/${BUNDLE_NAME}.bundle)
     if(APPLE)

@@ -1,6 +1,6 @@
 #pragma once
 
-#import <AppKit/AppKit.h>
+#import <Foundation/NSObject.h>
 
 /// Brings Vistrel into an application that knows nothing of it.
 ///

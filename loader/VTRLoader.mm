@@ -2,6 +2,13 @@
 
 #include "ProgramFile.h"
 
+#import <AppKit/NSApplication.h>
+#import <Foundation/NSBundle.h>
+#import <Foundation/NSNotification.h>
+#import <Foundation/NSRunLoop.h>
+#import <Foundation/NSString.h>
+#import <Foundation/NSUserDefaults.h>
+
 namespace {
 
 /// Whether `bundle` has been loaded. Nothing that is wrong with it reaches the host.

@@ -1,7 +1,16 @@
 #import "platform/cocoa/Convert.h"
 #include "tool/UserDefaultsStore.h"
 
-#import <Foundation/Foundation.h>
+#import <Foundation/NSArray.h>
+#import <Foundation/NSAutoreleasePool.h>
+#import <Foundation/NSBundle.h>
+#import <Foundation/NSData.h>
+#import <Foundation/NSException.h>
+#import <Foundation/NSFileManager.h>
+#import <Foundation/NSPathUtilities.h>
+#import <Foundation/NSPropertyList.h>
+#import <Foundation/NSString.h>
+#import <Foundation/NSUserDefaults.h>
 
 #include <algorithm>
 #include <unistd.h>

@@ -4,6 +4,8 @@
 #import "platform/cocoa/Convert.h"
 #import "platform/cocoa/VTRAboutNIBController.h"
 
+#import <AppKit/AppKit.h>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

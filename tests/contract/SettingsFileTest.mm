@@ -2,6 +2,8 @@
 #import "platform/cocoa/CocoaPlatform.h"
 #import "platform/cocoa/Convert.h"
 
+#import <Foundation/Foundation.h>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

@@ -5,6 +5,8 @@
 #import "platform/cocoa/VTRKeyField.h"
 #import "platform/cocoa/VTRPreferencesController.h"
 
+#import <AppKit/AppKit.h>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

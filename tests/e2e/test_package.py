@@ -61,6 +61,17 @@ def test_lintian_finds_no_fault(package: Path) -> None:
     assert not [line for line in found.splitlines() if line.startswith("E:")]
 
 
+def test_its_bundles_export_their_classes_only(package: Path, tmp_path: Path) -> None:
+    run("dpkg-deb", "--extract", package, tmp_path)
+    bundles = list(tmp_path.glob("usr/lib/GNUstep/Bundles/*.bundle"))
+    assert len(bundles) == 3
+    for bundle in bundles:
+        exported = run("nm", "--dynamic", "--defined-only", bundle / bundle.stem).split()[2::3]
+        assert exported
+        assert not [name for name in exported if not name.startswith("__objc_class_name_VTR")
+                    and name != "__objc_class_name_Corvane"]
+
+
 def test_it_is_installed_used_and_removed_without_a_trace(
     installed: set[str], account: Account, probe_bundle: Path, start_host: StartHost
 ) -> None:

@@ -1,6 +1,6 @@
 #pragma once
 
-#import <AppKit/AppKit.h>
+#import <Foundation/NSException.h>
 
 namespace vistrel::doctor {
 

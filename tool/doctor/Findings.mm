@@ -1,5 +1,17 @@
 #import "Findings.h"
 
+#import <AppKit/NSApplication.h>
+#import <AppKit/NSMenu.h>
+#import <AppKit/NSMenuItem.h>
+#import <AppKit/NSScreen.h>
+#import <Foundation/NSBundle.h>
+#import <Foundation/NSDictionary.h>
+#import <Foundation/NSJSONSerialization.h>
+#import <Foundation/NSNull.h>
+#import <Foundation/NSString.h>
+#import <Foundation/NSUserDefaults.h>
+#import <Foundation/NSValue.h>
+
 namespace vistrel::doctor {
 
 namespace {

@@ -1,5 +1,18 @@
 #import "Findings.h"
 
+#import <AppKit/NSApplication.h>
+#import <Foundation/NSBundle.h>
+#import <Foundation/NSData.h>
+#import <Foundation/NSDate.h>
+#import <Foundation/NSDictionary.h>
+#import <Foundation/NSException.h>
+#import <Foundation/NSJSONSerialization.h>
+#import <Foundation/NSNotification.h>
+#import <Foundation/NSObject.h>
+#import <Foundation/NSRunLoop.h>
+#import <Foundation/NSString.h>
+#import <Foundation/NSUserDefaults.h>
+
 #include <unistd.h>
 
 namespace {

@@ -4,6 +4,10 @@
 #import "platform/cocoa/StackingGNUstep.h"
 #import "platform/cocoa/X11GNUstep.h"
 
+#import <AppKit/NSApplication.h>
+#import <AppKit/NSPanel.h>
+#import <Foundation/NSAutoreleasePool.h>
+
 namespace vistrel::cocoa::gnustep {
 
 namespace {

@@ -2,7 +2,7 @@
 
 #include "core/Alert.h"
 
-#import <AppKit/AppKit.h>
+#import <AppKit/NSPanel.h>
 
 /// The window of an alert. The platform's own panel does not let window managers close it, and one
 /// that does so anyhow cuts the whole application off from the X server. This one is closed like

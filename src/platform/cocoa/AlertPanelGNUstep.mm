@@ -3,6 +3,21 @@
 #import "platform/cocoa/Convert.h"
 #import "platform/cocoa/Guard.h"
 
+#import <AppKit/NSApplication.h>
+#import <AppKit/NSButton.h>
+#import <AppKit/NSEvent.h>
+#import <AppKit/NSFont.h>
+#import <AppKit/NSGraphicsContext.h>
+#import <AppKit/NSImageView.h>
+#import <AppKit/NSScreen.h>
+#import <AppKit/NSScrollView.h>
+#import <AppKit/NSScroller.h>
+#import <AppKit/NSStringDrawing.h>
+#import <AppKit/NSTextField.h>
+#import <AppKit/NSView.h>
+#import <AppKit/NSWindow.h>
+#import <Foundation/NSString.h>
+
 #include <algorithm>
 #include <cmath>
 

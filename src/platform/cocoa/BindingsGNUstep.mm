@@ -4,6 +4,18 @@
 #import "platform/cocoa/Convert.h"
 #import "platform/cocoa/Guard.h"
 
+#import <AppKit/NSButton.h>
+#import <AppKit/NSControl.h>
+#import <AppKit/NSKeyValueBinding.h>
+#import <AppKit/NSPopUpButton.h>
+#import <AppKit/NSView.h>
+#import <AppKit/NSWindow.h>
+#import <Foundation/NSNotification.h>
+#import <Foundation/NSObject.h>
+#import <Foundation/NSString.h>
+#import <Foundation/NSThread.h>
+#import <Foundation/NSUserDefaults.h>
+
 #include <string>
 #include <vector>
 

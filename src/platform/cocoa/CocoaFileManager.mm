@@ -3,6 +3,8 @@
 #import "platform/cocoa/Convert.h"
 #include "platform/posix/PropertyListFile.h"
 
+#import <Foundation/NSFileManager.h>
+
 namespace vistrel::cocoa {
 
 std::string CocoaFileManager::expandTilde(std::string_view path) const {

@@ -2,9 +2,12 @@
 
 #include "platform/Platform.h"
 
-#import <AppKit/AppKit.h>
+#import <Foundation/NSObjCRuntime.h>
 
 #include <memory>
+
+@class NSMenu;
+@class NSMenuItem;
 
 namespace vistrel::cocoa {
 

@@ -3,6 +3,11 @@
 #import "platform/cocoa/Convert.h"
 #import "platform/cocoa/Native.h"
 
+#import <AppKit/NSCell.h>
+#import <AppKit/NSMenu.h>
+#import <AppKit/NSMenuItem.h>
+#import <Foundation/NSString.h>
+
 namespace vistrel::cocoa {
 
 namespace {

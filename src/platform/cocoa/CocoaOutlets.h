@@ -3,6 +3,8 @@
 #include "platform/Platform.h"
 #include "platform/cocoa/CocoaWindow.h"
 
+@class NSTextField;
+
 namespace vistrel::cocoa {
 
 /// What an interface file has connected so far.

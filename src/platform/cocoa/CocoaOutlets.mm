@@ -2,6 +2,8 @@
 
 #import "platform/cocoa/Convert.h"
 
+#import <AppKit/NSTextField.h>
+
 namespace vistrel::cocoa {
 
 void CocoaOutlets::setAppName(std::string_view name) {

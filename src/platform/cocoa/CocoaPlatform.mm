@@ -4,6 +4,11 @@
 #import "platform/cocoa/DelayedCall.h"
 #import "platform/cocoa/Native.h"
 
+#import <AppKit/NSApplication.h>
+#import <AppKit/NSScreen.h>
+#import <Foundation/NSBundle.h>
+#import <Foundation/NSString.h>
+
 namespace vistrel::cocoa {
 
 std::optional<std::string> CocoaPlatform::bundleIdentifier() const {

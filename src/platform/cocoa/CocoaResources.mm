@@ -4,6 +4,10 @@
 #import "platform/cocoa/VTRAboutNIBController.h"
 #import "platform/cocoa/VTRPreferencesController.h"
 
+#import <AppKit/NSWindowController.h>
+#import <Foundation/NSBundle.h>
+#import <Foundation/NSString.h>
+
 // Outside our namespace, where the names are those of the Objective-C classes.
 namespace {
 

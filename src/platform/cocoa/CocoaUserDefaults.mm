@@ -2,6 +2,8 @@
 
 #import "platform/cocoa/Convert.h"
 
+#import <Foundation/NSUserDefaults.h>
+
 namespace vistrel::cocoa {
 
 namespace {

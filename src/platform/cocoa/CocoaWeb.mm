@@ -2,6 +2,8 @@
 
 #import "platform/cocoa/Native.h"
 
+#import <Foundation/NSURLCache.h>
+
 namespace vistrel::cocoa {
 
 void CocoaWeb::removeAllCachedResponses() {

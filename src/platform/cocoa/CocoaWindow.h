@@ -2,7 +2,9 @@
 
 #include "platform/Platform.h"
 
-#import <AppKit/AppKit.h>
+#import <Foundation/NSObjCRuntime.h>
+
+@class NSWindow;
 
 namespace vistrel::cocoa {
 

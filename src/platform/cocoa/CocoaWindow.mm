@@ -3,6 +3,8 @@
 #import "platform/cocoa/Convert.h"
 #import "platform/cocoa/Native.h"
 
+#import <AppKit/NSWindow.h>
+
 namespace vistrel::cocoa {
 
 Screen& CocoaScreen::bind(NSWindow* window) {

@@ -3,6 +3,8 @@
 #include "platform/Platform.h"
 #include "platform/cocoa/CocoaWindow.h"
 
+#import <AppKit/NSWindowController.h>
+
 namespace vistrel::cocoa {
 
 /// Stands for the controller of one of the bundle's windows, which lives as long as the process, or

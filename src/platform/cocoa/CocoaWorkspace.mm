@@ -3,6 +3,8 @@
 #import "platform/cocoa/Convert.h"
 #import "platform/cocoa/Native.h"
 
+#import <Foundation/NSURL.h>
+
 namespace vistrel::cocoa {
 
 std::string CocoaWorkspace::activeApplicationName() const {

@@ -1,6 +1,8 @@
 #pragma once
 
-#import <AppKit/AppKit.h>
+#import <Foundation/NSGeometry.h>
+
+@class NSWindow;
 
 namespace vistrel::cocoa::gnustep {
 

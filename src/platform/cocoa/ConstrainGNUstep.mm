@@ -1,5 +1,7 @@
 #import "platform/cocoa/ConstrainGNUstep.h"
 
+#import <AppKit/NSScreen.h>
+#import <AppKit/NSWindow.h>
 #import <objc/runtime.h>
 
 #include <array>

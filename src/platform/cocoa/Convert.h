@@ -3,11 +3,13 @@
 #include "core/PropertyList.h"
 #include "core/Rect.h"
 
-#import <Foundation/Foundation.h>
+#import <Foundation/NSGeometry.h>
 
 #include <optional>
 #include <string>
 #include <string_view>
+
+@class NSString;
 
 /// The only place where Cocoa's values become the core's, and back.
 namespace vistrel::cocoa {

@@ -2,6 +2,15 @@
 
 #import "platform/cocoa/Number.h"
 
+#import <Foundation/NSArray.h>
+#import <Foundation/NSData.h>
+#import <Foundation/NSDate.h>
+#import <Foundation/NSDictionary.h>
+#import <Foundation/NSEnumerator.h>
+#import <Foundation/NSException.h>
+#import <Foundation/NSString.h>
+#import <Foundation/NSValue.h>
+
 #include <limits>
 
 namespace vistrel::cocoa {

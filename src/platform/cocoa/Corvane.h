@@ -1,6 +1,9 @@
 #pragma once
 
-#import <AppKit/AppKit.h>
+#import <Foundation/NSObject.h>
+
+@class NSMenu;
+@class NSMenuItem;
 
 /// The bundle's principal class and the target of its menu items: a thin skin over
 /// vistrel::Corvane, one line for each action.

@@ -5,6 +5,9 @@
 #import "platform/cocoa/Guard.h"
 #import "platform/cocoa/Native.h"
 
+#import <AppKit/NSMenu.h>
+#import <AppKit/NSMenuItem.h>
+
 #if __has_feature(objc_arc)
 #error "Vistrel counts references by hand, the same way on both systems; build it without ARC."
 #endif

@@ -2,7 +2,7 @@
 
 #import "platform/cocoa/Guard.h"
 
-#import <Foundation/Foundation.h>
+#import <Foundation/NSObject.h>
 
 /// A call that waits for its time. The run loop keeps it until then.
 @interface VTRDelayedCall : NSObject {

@@ -1,6 +1,8 @@
 #pragma once
 
-#import <AppKit/AppKit.h>
+#import <Foundation/NSGeometry.h>
+
+@class NSWindow;
 
 /// AppKit's animated move on GNUstep under X11. Frames are in the platform's coordinates: pixels, y
 /// upwards from the lower edge of the whole X screen. Nothing is thrown.

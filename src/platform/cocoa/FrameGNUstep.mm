@@ -5,6 +5,10 @@
 #import "platform/cocoa/MoveGNUstep.h"
 #import "platform/cocoa/PlaceGNUstep.h"
 
+#import <AppKit/NSScreen.h>
+#import <AppKit/NSWindow.h>
+#import <Foundation/NSException.h>
+
 #include <cmath>
 
 namespace vistrel::cocoa::gnustep {

@@ -1,6 +1,7 @@
 #import "platform/cocoa/GuardObjC.h"
 
-#import <Foundation/Foundation.h>
+#import <Foundation/NSException.h>
+#import <Foundation/NSString.h>
 
 namespace vistrel::cocoa {
 

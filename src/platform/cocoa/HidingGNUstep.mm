@@ -5,6 +5,16 @@
 #import "platform/cocoa/RaisedWindowsGNUstep.h"
 #import "platform/cocoa/ServerWatchGNUstep.h"
 
+#import <AppKit/NSApplication.h>
+#import <AppKit/NSEvent.h>
+#import <AppKit/NSWindow.h>
+#import <Foundation/NSDate.h>
+#import <Foundation/NSNotification.h>
+#import <Foundation/NSObject.h>
+#import <Foundation/NSRunLoop.h>
+#import <Foundation/NSString.h>
+#import <Foundation/NSTimer.h>
+
 /// Listens to the host while the mode is set, and looks at the pointer while the menu is back.
 @interface VTRHiding : NSObject
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#import <AppKit/AppKit.h>
+@class NSWindow;
 
 namespace vistrel::cocoa::gnustep {
 

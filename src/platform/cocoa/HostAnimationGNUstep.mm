@@ -1,5 +1,8 @@
 #import "platform/cocoa/HostAnimationGNUstep.h"
 
+#import <AppKit/NSAnimation.h>
+#import <AppKit/NSWindow.h>
+#import <Foundation/NSDate.h>
 #import <objc/runtime.h>
 
 #include <array>

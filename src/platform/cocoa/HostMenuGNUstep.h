@@ -1,6 +1,6 @@
 #pragma once
 
-#import <AppKit/AppKit.h>
+#import <Foundation/NSGeometry.h>
 
 /// The host's own menu, wherever the platform's style puts it: a panel, a bar of the screen, or a
 /// bar of each window. Its key equivalents work in any case.

@@ -3,6 +3,14 @@
 #import "platform/cocoa/InWindowMenusGNUstep.h"
 #import "platform/cocoa/StackingGNUstep.h"
 
+#import <AppKit/NSApplication.h>
+#import <AppKit/NSInterfaceStyle.h>
+#import <AppKit/NSMenu.h>
+#import <AppKit/NSScreen.h>
+#import <AppKit/NSWindow.h>
+#import <Foundation/NSRunLoop.h>
+#import <Foundation/NSString.h>
+
 #include <algorithm>
 
 namespace vistrel::cocoa::gnustep {

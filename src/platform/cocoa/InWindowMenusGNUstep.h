@@ -1,6 +1,8 @@
 #pragma once
 
-#import <AppKit/AppKit.h>
+#import <Foundation/NSGeometry.h>
+
+@class NSWindow;
 
 /// The bars that stand for the main menu in the style of Windows 95, one in each of the host's
 /// windows.

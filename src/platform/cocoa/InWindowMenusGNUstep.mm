@@ -1,5 +1,9 @@
 #import "platform/cocoa/InWindowMenusGNUstep.h"
 
+#import <AppKit/NSApplication.h>
+#import <AppKit/NSMenuView.h>
+#import <AppKit/NSView.h>
+#import <AppKit/NSWindow.h>
 #import <GNUstepGUI/GSTheme.h>
 #import <GNUstepGUI/GSWindowDecorationView.h>
 

@@ -1,8 +1,10 @@
 #pragma once
 
-#import <AppKit/AppKit.h>
+#import <Foundation/NSObjCRuntime.h>
 
 #include <cstdint>
+
+@class NSWindow;
 
 namespace vistrel::cocoa::gnustep {
 

@@ -4,6 +4,8 @@
 
 #import "platform/cocoa/RaisedWindowsGNUstep.h"
 
+#import <AppKit/NSWindow.h>
+
 namespace vistrel::cocoa::gnustep {
 
 std::int32_t windowLevelForKey(std::int32_t key) {

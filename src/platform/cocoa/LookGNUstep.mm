@@ -1,5 +1,12 @@
 #import "platform/cocoa/LookGNUstep.h"
 
+#import <AppKit/NSButton.h>
+#import <AppKit/NSMenuItem.h>
+#import <AppKit/NSPopUpButton.h>
+#import <AppKit/NSTextField.h>
+#import <AppKit/NSView.h>
+#import <AppKit/NSWindow.h>
+
 namespace vistrel::cocoa::gnustep {
 
 namespace {

@@ -2,6 +2,10 @@
 
 #import "platform/cocoa/PlaceGNUstep.h"
 
+#import <AppKit/NSWindow.h>
+#import <Foundation/NSString.h>
+#import <Foundation/NSUserDefaults.h>
+
 #include <algorithm>
 #include <cmath>
 

@@ -3,13 +3,19 @@
 #include "core/Alert.h"
 #include "core/SystemUIMode.h"
 
-#import <AppKit/AppKit.h>
+#import <Foundation/NSGeometry.h>
 
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+@class NSBundle;
+@class NSMenu;
+@class NSString;
+@class NSURL;
+@class NSWindow;
 
 /// What GNUstep and macOS do each in their own way. NativeGNUstep.mm or NativeMacOS.mm is built,
 /// never both. Windows may be nil everywhere; nothing happens then, and the answer is zero.

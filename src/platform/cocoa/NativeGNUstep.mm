@@ -13,6 +13,16 @@
 #include "platform/posix/DetachedProcess.h"
 #include "platform/posix/Download.h"
 
+#import <AppKit/NSApplication.h>
+#import <AppKit/NSImage.h>
+#import <AppKit/NSMenu.h>
+#import <AppKit/NSWindow.h>
+#import <Foundation/NSBundle.h>
+#import <Foundation/NSProcessInfo.h>
+#import <Foundation/NSString.h>
+#import <Foundation/NSURL.h>
+#import <Foundation/NSUserDefaults.h>
+
 namespace vistrel::cocoa::native {
 
 std::string menuName(NSMenu* menu) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#import <Foundation/Foundation.h>
+@class NSNumber;
 
 /// What the number classes of GNUstep and macOS tell each in their own way. NumberGNUstep.mm or
 /// NumberMacOS.mm is built, never both. Apart from Native.h because it needs no application.

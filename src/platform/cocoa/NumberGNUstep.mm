@@ -1,5 +1,7 @@
 #import "platform/cocoa/Number.h"
 
+#import <Foundation/NSValue.h>
+
 namespace vistrel::cocoa::native {
 
 bool isBoolean(NSNumber* number) {

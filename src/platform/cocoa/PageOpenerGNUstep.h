@@ -1,6 +1,6 @@
 #pragma once
 
-#import <Foundation/Foundation.h>
+@class NSURL;
 
 namespace vistrel::cocoa::gnustep {
 

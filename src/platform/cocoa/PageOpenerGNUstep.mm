@@ -4,7 +4,9 @@
 #include "platform/posix/DetachedProcess.h"
 #include "platform/posix/FindProgram.h"
 
-#import <AppKit/AppKit.h>
+#import <AppKit/NSWorkspace.h>
+#import <Foundation/NSString.h>
+#import <Foundation/NSURL.h>
 
 namespace vistrel::cocoa::gnustep {
 

@@ -4,6 +4,9 @@
 #import "platform/cocoa/FrameGNUstep.h"
 #import "platform/cocoa/GuardObjC.h"
 
+#import <AppKit/NSEvent.h>
+#import <AppKit/NSWindow.h>
+#import <Foundation/NSException.h>
 #import <GNUstepGUI/GSDisplayServer.h>
 
 #include <algorithm>

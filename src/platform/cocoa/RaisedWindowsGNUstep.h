@@ -1,6 +1,6 @@
 #pragma once
 
-#import <AppKit/AppKit.h>
+@class NSWindow;
 
 /// The host's windows that stand above those of other programs, for one reason or both: a window
 /// floats, or the host covers panels and docks. Only the host's own windows are changed, so that

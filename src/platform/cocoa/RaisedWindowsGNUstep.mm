@@ -4,6 +4,13 @@
 #import "platform/cocoa/ServerWatchGNUstep.h"
 #import "platform/cocoa/WindowOrderGNUstep.h"
 
+#import <AppKit/NSApplication.h>
+#import <AppKit/NSWindow.h>
+#import <Foundation/NSDate.h>
+#import <Foundation/NSNotification.h>
+#import <Foundation/NSObject.h>
+#import <Foundation/NSString.h>
+
 #include <algorithm>
 #include <utility>
 

@@ -1,5 +1,7 @@
 #import "platform/cocoa/ReturnKeyGNUstep.h"
 
+#import <Foundation/NSString.h>
+
 /// A text of one line feed that says it is equal to the characters of Return and Enter as well.
 @interface VTRReturnKey : NSString
 @end

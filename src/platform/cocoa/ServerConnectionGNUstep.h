@@ -1,6 +1,6 @@
 #pragma once
 
-#import <AppKit/AppKit.h>
+#import <Foundation/NSGeometry.h>
 
 #include <cstdint>
 #include <string_view>

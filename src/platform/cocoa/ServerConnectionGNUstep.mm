@@ -2,6 +2,11 @@
 
 #import "platform/cocoa/StackingGNUstep.h"
 
+#import <AppKit/NSApplication.h>
+#import <Foundation/NSObject.h>
+#import <Foundation/NSRunLoop.h>
+#import <Foundation/NSString.h>
+
 #include <array>
 #include <cstdlib>
 #include <memory>

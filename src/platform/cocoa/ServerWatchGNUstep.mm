@@ -3,6 +3,8 @@
 #import "platform/cocoa/Guard.h"
 #import "platform/cocoa/ServerConnectionGNUstep.h"
 
+#import <Foundation/NSGeometry.h>
+
 #include <cstdlib>
 #include <memory>
 

@@ -1,6 +1,8 @@
 #pragma once
 
-#import <AppKit/AppKit.h>
+#import <Foundation/NSGeometry.h>
+
+@class NSWindow;
 
 /// What one asks a window manager about the order of windows. Requests are made on the platform's
 /// own connection to the X server, and so keep their order with those of the platform.

@@ -1,5 +1,6 @@
 #import "platform/cocoa/StackingGNUstep.h"
 
+#import <AppKit/NSWindow.h>
 #import <GNUstepGUI/GSDisplayServer.h>
 
 #include <X11/Xlib.h>

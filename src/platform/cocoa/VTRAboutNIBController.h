@@ -3,9 +3,11 @@
 #include "core/VTRAboutNIBController.h"
 #include "platform/cocoa/CocoaOutlets.h"
 
-#import <AppKit/AppKit.h>
+#import <AppKit/NSWindowController.h>
 
 #include <optional>
+
+@class NSWindow;
 
 /// The controller of the About window and the owner of its interface file "VTRAbout": a thin skin
 /// over vistrel::VTRAboutNIBController.

@@ -3,6 +3,10 @@
 #import "platform/cocoa/Guard.h"
 #import "platform/cocoa/Native.h"
 
+#import <AppKit/NSWindow.h>
+#import <Foundation/NSBundle.h>
+#import <Foundation/NSString.h>
+
 @implementation VTRAboutNIBController
 
 - (id)initWithPlatform:(vistrel::Platform&)platform {

@@ -2,6 +2,10 @@
 
 #import "platform/cocoa/Guard.h"
 
+#import <AppKit/NSText.h>
+#import <Foundation/NSNotification.h>
+#import <Foundation/NSString.h>
+
 namespace {
 
 /// The character of `text` that ends at `caret`, where what was typed last stands; as the reader

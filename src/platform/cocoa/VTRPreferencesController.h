@@ -3,9 +3,12 @@
 #include "core/VTRPreferencesController.h"
 #include "platform/cocoa/CocoaOutlets.h"
 
-#import <AppKit/AppKit.h>
+#import <AppKit/NSWindowController.h>
 
 #include <optional>
+
+@class NSTextField;
+@class NSWindow;
 
 /// The controller of the settings window and the owner of its interface file "VTRPreferences": a
 /// thin skin over vistrel::VTRPreferencesController. The window's controls are bound to the host

@@ -3,6 +3,9 @@
 #import "platform/cocoa/Guard.h"
 #import "platform/cocoa/Native.h"
 
+#import <AppKit/NSWindow.h>
+#import <Foundation/NSString.h>
+
 @implementation VTRPreferencesController
 
 - (id)initWithPlatform:(vistrel::Platform&)platform {

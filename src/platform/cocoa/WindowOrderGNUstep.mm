@@ -3,6 +3,9 @@
 #import "platform/cocoa/ServerConnectionGNUstep.h"
 #import "platform/cocoa/ServerWatchGNUstep.h"
 
+#import <AppKit/NSApplication.h>
+#import <AppKit/NSWindow.h>
+
 #include <algorithm>
 #include <iterator>
 #include <optional>

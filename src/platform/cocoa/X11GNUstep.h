@@ -1,9 +1,11 @@
 #pragma once
 
-#import <AppKit/AppKit.h>
+#import <Foundation/NSGeometry.h>
 
 #include <chrono>
 #include <optional>
+
+@class NSWindow;
 
 struct _XDisplay; // NOLINT(bugprone-reserved-identifier): Xlib's own name of Display
 

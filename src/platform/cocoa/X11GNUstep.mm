@@ -2,6 +2,10 @@
 
 #import "platform/cocoa/GuardObjC.h"
 
+#import <AppKit/NSApplication.h>
+#import <AppKit/NSWindow.h>
+#import <Foundation/NSException.h>
+#import <Foundation/NSRunLoop.h>
 #import <GNUstepGUI/GSDisplayServer.h>
 
 #include <X11/Xatom.h>
