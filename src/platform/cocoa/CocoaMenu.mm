@@ -31,7 +31,7 @@ id makeItem(const MenuItemDescription& description, id controller) {
         [item setRepresentedObject:controller];
     }
     if (description.shortcut) {
-        [item setKeyEquivalent:native::keyEquivalent(description.shortcut->key)];
+        native::setKeyEquivalent(item, description.shortcut->key);
         [item setKeyEquivalentModifierMask:description.shortcut->mask];
     }
     if (!description.submenu.empty()) {

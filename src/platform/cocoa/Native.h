@@ -13,6 +13,7 @@
 
 @class NSBundle;
 @class NSMenu;
+@class NSMenuItem;
 @class NSString;
 @class NSURL;
 @class NSWindow;
@@ -25,8 +26,9 @@ namespace vistrel::cocoa::native {
 /// Empty for nil and for menus without one.
 std::string menuName(NSMenu* menu);
 
-/// `key` as the key equivalent of a menu item, so that the keyboard's Return key is the line feed.
-NSString* keyEquivalent(std::string_view key);
+/// Makes `key` the key equivalent of `item`, which has its target by then. The line feed is the
+/// keyboard's Return key.
+void setKeyEquivalent(NSMenuItem* item, std::string_view key);
 
 /// The whole frame of the screen that `window` is on.
 NSRect screenFrame(NSWindow* window);

@@ -10,12 +10,14 @@
 #import "platform/cocoa/PageOpenerGNUstep.h"
 #import "platform/cocoa/ReturnKeyGNUstep.h"
 #include "platform/cocoa/SearchToolGNUstep.h"
+#import "platform/cocoa/ShortcutGNUstep.h"
 #include "platform/posix/DetachedProcess.h"
 #include "platform/posix/Download.h"
 
 #import <AppKit/NSApplication.h>
 #import <AppKit/NSImage.h>
 #import <AppKit/NSMenu.h>
+#import <AppKit/NSMenuItem.h>
 #import <AppKit/NSWindow.h>
 #import <Foundation/NSBundle.h>
 #import <Foundation/NSProcessInfo.h>
@@ -30,8 +32,9 @@ std::string menuName(NSMenu* menu) {
     return menu != nil && menu == [NSApp windowsMenu] ? "NSWindowsMenu" : "";
 }
 
-NSString* keyEquivalent(std::string_view key) {
-    return key == "\n" ? gnustep::returnKeyEquivalent() : toNSString(key);
+void setKeyEquivalent(NSMenuItem* item, std::string_view key) {
+    [item setKeyEquivalent:key == "\n" ? gnustep::returnKeyEquivalent() : toNSString(key)];
+    gnustep::actAtOnce(item);
 }
 
 NSRect screenFrame(NSWindow* window) {

@@ -2,6 +2,8 @@
 
 #import "platform/cocoa/Convert.h"
 
+#import <AppKit/AppKit.h>
+
 #include <dlfcn.h>
 
 /// Not run anywhere yet: no Mac is at hand. Written against Apple's public documentation.
@@ -29,8 +31,8 @@ std::string menuName(NSMenu* menu) {
     }
 }
 
-NSString* keyEquivalent(std::string_view key) {
-    return toNSString(key);
+void setKeyEquivalent(NSMenuItem* item, std::string_view key) {
+    [item setKeyEquivalent:toNSString(key)];
 }
 
 NSRect screenFrame(NSWindow* window) {
