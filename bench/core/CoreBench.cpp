@@ -1,5 +1,5 @@
 #include "AllocationCounter.h"
-#include "TestHost.h"
+#include "Commands.h"
 
 #include "platform/posix/PropertyListXML.h"
 
@@ -28,17 +28,7 @@ class Allocations {
     std::size_t before_ = allocationsSoFar();
 };
 
-/// A host whose Window menu has this many items above Zoom.
-void fill(TestHost& it, std::int64_t itemsAboveZoom) {
-    auto& menu = it.addEmptyWindowMenu();
-    for (std::int64_t count = 0; count < itemsAboveZoom; ++count)
-        menu.add("Document", "makeKeyAndOrderFront:");
-    menu.add("Zoom", "performZoom:");
-    it.addFrontWindow();
-    it.host.calls.isRecording = false;
-}
-
-template <void (Corvane::*command)()> void runCommand(benchmark::State& state) {
+void runCommand(benchmark::State& state, Action command) {
     memory::MemoryDesktop desktop;
     TestHost it(desktop);
     fill(it, state.range(0));
@@ -47,13 +37,6 @@ template <void (Corvane::*command)()> void runCommand(benchmark::State& state) {
     for (auto _ : state)
         ((*it.corvane.m).*command)();
     state.SetComplexityN(state.range(0));
-}
-
-template <auto command> void addCommand(const char* name) {
-    benchmark::RegisterBenchmark(name, runCommand<command>)
-        ->RangeMultiplier(10)
-        ->Range(10, 10'000)
-        ->Complexity(benchmark::oN);
 }
 
 void startUp(benchmark::State& state) {
@@ -89,12 +72,11 @@ void settingsFileFromXML(benchmark::State& state) {
 BENCHMARK(settingsFileFromXML);
 
 [[maybe_unused]] const bool areAdded = [] {
-    addCommand<&Corvane::left>("left");
-    addCommand<&Corvane::threeM>("threeM");
-    addCommand<&Corvane::center>("center");
-    addCommand<&Corvane::centerAverage>("centerAverage");
-    addCommand<&Corvane::floating>("floating");
-    addCommand<&Corvane::setKUIMode>("setKUIMode");
+    for (const auto& [name, command] : commands)
+        benchmark::RegisterBenchmark(name, runCommand, command)
+            ->RangeMultiplier(10)
+            ->Range(10, 10'000)
+            ->Complexity(benchmark::oN);
     return true;
 }();
 

@@ -34,10 +34,7 @@ class Commands:
         self.menus = Menus(host)
 
     def press(self, title: str) -> None:
-        """By its shortcut; returns when its action has been performed.
-
-        A host shows a shortcut in its menu for a moment before it acts on it.
-        """
+        """By its shortcut; returns when its action has been performed."""
         assert self.chosen_by(*SHORTCUTS[title]) == title
 
     def actions(self) -> int:
@@ -49,8 +46,14 @@ class Commands:
         before = self.actions()
         self.desktop.keyboard.chord(*keys)
         self.host.wait_until(lambda: self.actions() > before, f"an action for {keys}")
+        self.host.wait_until(self._is_done_showing, f"{keys} no longer to be shown")
         self.host.catch_up()
         return self.host.probe.state()["lastAction"]
+
+    def _is_done_showing(self) -> bool:
+        """While a host shows a shortcut in its menu, it handles no events, unless an alert is up."""
+        shown = self.menus.main()["highlighted"] != -1
+        return not shown or self.host.probe.state()["mode"] == "NSModalPanelRunLoopMode"
 
     def pick(self, title: str) -> None:
         """By mouse, from the menu."""

@@ -2,6 +2,7 @@
 
 #import "platform/cocoa/Guard.h"
 #import "platform/cocoa/HostMenuGNUstep.h"
+#import "platform/cocoa/Observing.h"
 #import "platform/cocoa/RaisedWindowsGNUstep.h"
 #import "platform/cocoa/ServerWatchGNUstep.h"
 
@@ -14,6 +15,8 @@
 #import <Foundation/NSRunLoop.h>
 #import <Foundation/NSString.h>
 #import <Foundation/NSTimer.h>
+
+#include <utility>
 
 /// Listens to the host while the mode is set, and looks at the pointer while the menu is back.
 @interface VTRHiding : NSObject
@@ -147,26 +150,17 @@ void end() {
     setCovering(false);
 }
 
-void observe(SEL action, NSString* name) {
-    [[NSNotificationCenter defaultCenter] addObserver:hiding().observer
-                                             selector:action
-                                                 name:name
-                                               object:nil];
-}
-
-void beginObserving() {
-    hiding().observer = [[VTRHiding alloc] init];
-    observe(@selector(applicationBecameActive:), NSApplicationDidBecomeActiveNotification);
-    observe(@selector(applicationResignedActive:), NSApplicationDidResignActiveNotification);
-    observe(@selector(screensChanged:), NSApplicationDidChangeScreenParametersNotification);
-    observe(@selector(keyWindowResigned:), NSWindowDidResignKeyNotification);
-    observe(@selector(eventHandled:), NSApplicationDidUpdateNotification);
-}
-
-void endObserving() {
-    [[NSNotificationCenter defaultCenter] removeObserver:hiding().observer];
-    [hiding().observer autorelease];
-    hiding().observer = nil;
+void beginListening() {
+    id observer = [[VTRHiding alloc] init];
+    observe(observer, @selector(applicationBecameActive:),
+            NSApplicationDidBecomeActiveNotification);
+    observe(observer, @selector(applicationResignedActive:),
+            NSApplicationDidResignActiveNotification);
+    observe(observer, @selector(screensChanged:),
+            NSApplicationDidChangeScreenParametersNotification);
+    observe(observer, @selector(keyWindowResigned:), NSWindowDidResignKeyNotification);
+    observe(observer, @selector(eventHandled:), NSApplicationDidUpdateNotification);
+    hiding().observer = observer;
 }
 
 } // namespace
@@ -177,12 +171,12 @@ void setSystemUIMode(SystemUIMode mode) {
         return;
     hiding().mode = meant;
     if (meant == systemUIHidden) {
-        beginObserving();
+        beginListening();
         if ([NSApp isActive])
             begin();
     } else {
         end();
-        endObserving();
+        endObserving(std::exchange(hiding().observer, nil));
     }
 }
 

@@ -17,12 +17,12 @@ namespace {
 // its timer alone and cannot be found, so its step is replaced, at the first move.
 
 /// The window is never messaged, so it does not matter when it is gone.
-struct Move {
+struct Moved {
     const void* window;
     NSTimeInterval time;
 };
 
-constinit std::array<Move, 16> moves = {};
+constinit std::array<Moved, 16> moves = {};
 constinit std::size_t latest = 0;
 
 NSTimeInterval now() {

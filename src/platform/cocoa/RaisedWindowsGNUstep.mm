@@ -1,6 +1,7 @@
 #import "platform/cocoa/RaisedWindowsGNUstep.h"
 
 #import "platform/cocoa/Guard.h"
+#import "platform/cocoa/Observing.h"
 #import "platform/cocoa/ServerWatchGNUstep.h"
 #import "platform/cocoa/WindowOrderGNUstep.h"
 
@@ -27,18 +28,18 @@ namespace vistrel::cocoa::gnustep {
 namespace {
 
 /// What the window manager is asked to do with one window.
-struct Stand {
+struct Standing {
     bool floats = false;
     bool covers = false;
     NSInteger level = NSNormalWindowLevel;
 
     [[nodiscard]] bool isRaised() const { return floats || covers; }
 
-    friend bool operator==(const Stand&, const Stand&) = default;
+    friend bool operator==(const Standing&, const Standing&) = default;
 };
 
 struct Told {
-    Stand stand;
+    Standing stand;
     /// Whether the window has left the screen since, which may make the window manager forget.
     bool hasLeft = false;
 };
@@ -75,7 +76,7 @@ bool isOverFloating(NSWindow* window) {
            [window level] >= NSFloatingWindowLevel;
 }
 
-Stand wanted(NSWindow* window) {
+Standing wanted(NSWindow* window) {
     return {.floats = floats(window) || isOverFloating(window),
             .covers = raised().covers && mayCover(window),
             .level = [window level]};
@@ -107,7 +108,7 @@ Windows windowsThat(bool (*hold)(NSWindow*)) {
 
 /// Window Maker gives a window a level of its own with the state as well as with the message: what
 /// is sent last holds. Its dock and its panels are on level 5, the platform's main menu on 20.
-void tell(XWindow window, const Stand& stand) {
+void tell(XWindow window, const Standing& stand) {
     constexpr NSInteger aboveDock = 10;
     const bool isLifted = stand.covers && stand.level < aboveDock;
     if (stand.floats && !stand.covers)
@@ -117,7 +118,7 @@ void tell(XWindow window, const Stand& stand) {
         setRawLevel(window, isLifted ? stand.level + aboveDock : stand.level);
 }
 
-extern const ServerWatcher watcher;
+extern const ServerWatcher raisedWatcher;
 
 void update(NSWindow* window) {
     const auto server = serverWindow(window);
@@ -126,7 +127,7 @@ void update(NSWindow* window) {
     if (!stand.isRaised())
         raised().told.erase(server);
     else if (raised().told.insert_or_assign(server, Told{.stand = stand}).second)
-        watchWindow(server, watcher);
+        watchWindow(server, raisedWatcher);
 }
 
 Windows united(Windows windows, const Windows& others) {
@@ -190,29 +191,20 @@ void keepOrder() {
     raiseAll(windows);
 }
 
-const ServerWatcher watcher{.windowAppeared = refresh,
-                            .windowLeft = windowLeft,
-                            .windowDied = windowDied,
-                            .orderChanged = keepOrder};
+const ServerWatcher raisedWatcher{.windowAppeared = refresh,
+                                  .windowLeft = windowLeft,
+                                  .windowDied = windowDied,
+                                  .orderChanged = keepOrder};
 
-void observe(SEL action, NSString* name) {
-    [[NSNotificationCenter defaultCenter] addObserver:raised().observer
-                                             selector:action
-                                                 name:name
-                                               object:nil];
-}
-
-void beginObserving() {
+void followHost() {
     raised().observer = [[VTRRaisedWindows alloc] init];
-    observe(@selector(windowWillClose:), NSWindowWillCloseNotification);
+    observe(raised().observer, @selector(windowWillClose:), NSWindowWillCloseNotification);
     // Whatever else may change a window, such as a new X window for it, is done in some event.
-    observe(@selector(eventHandled:), NSApplicationDidUpdateNotification);
+    observe(raised().observer, @selector(eventHandled:), NSApplicationDidUpdateNotification);
 }
 
-void endObserving() {
-    [[NSNotificationCenter defaultCenter] removeObserver:raised().observer];
-    [raised().observer autorelease];
-    raised().observer = nil;
+void leaveHost() {
+    endObserving(std::exchange(raised().observer, nil));
     raised().told.clear();
     endWindowWatch();
 }
@@ -220,17 +212,17 @@ void endObserving() {
 void settle() {
     const bool isIdle = raised().floating.empty() && !raised().covers;
     if (!isIdle && raised().observer == nil)
-        beginObserving();
-    watchAllWindows(!isIdle, watcher);
+        followHost();
+    watchAllWindows(!isIdle, raisedWatcher);
     refresh();
     if (isIdle && raised().observer != nil)
-        endObserving();
+        leaveHost();
 }
 
 void cover() {
     raised().covers = true;
     // Where windows stand is asked on the connection of the watch.
-    watchAllWindows(true, watcher);
+    watchAllWindows(true, raisedWatcher);
     if (isWindowMaker())
         raised().places = placesOf(windowsThat([](NSWindow* window) { return mayCover(window); }));
     settle();

@@ -1,10 +1,10 @@
 #import "platform/cocoa/ShortcutGNUstep.h"
 
-#import "platform/cocoa/DelayedCall.h"
-
 #import <AppKit/NSMenu.h>
 #import <AppKit/NSMenuItem.h>
 #import <AppKit/NSMenuView.h>
+#import <Foundation/NSDate.h>
+#import <Foundation/NSRunLoop.h>
 #import <objc/runtime.h>
 
 namespace vistrel::cocoa::gnustep {
@@ -15,7 +15,7 @@ namespace {
 // waits is replaced. It sees to the host's own items as before.
 
 // As long as the platform shows it.
-constexpr double flashSeconds = 0.1;
+constexpr NSTimeInterval flashSeconds = 0.1;
 
 using Perform = void (*)(id, SEL, NSInteger);
 
@@ -38,23 +38,20 @@ Entry visibleEntry(NSMenu* menu, NSInteger index) {
     return {[menu menuRepresentation], index};
 }
 
-void flash(Entry entry) {
-    [entry.view setHighlightedItemIndex:entry.index];
-    [entry.view retain];
-    performLater(flashSeconds, [entry] {
-        // The user may be in the menu by now.
-        if ([entry.view highlightedItemIndex] == entry.index)
-            [entry.view setHighlightedItemIndex:-1];
-        [entry.view release];
-    });
-}
-
 void perform(id view, SEL selector, NSInteger index) {
     NSMenu* menu = [view menu];
     if ([[menu itemAtIndex:index] target] != target)
         return platformPerform(view, selector, index);
-    flash(visibleEntry(menu, index));
+
+    NSDate* const end = [NSDate dateWithTimeIntervalSinceNow:flashSeconds];
+    const Entry entry = visibleEntry(menu, index);
+    const NSInteger before = [entry.view highlightedItemIndex];
+    [[entry.view retain] autorelease];
+    [entry.view setHighlightedItemIndex:entry.index];
     [menu performActionForItemAtIndex:index];
+    // As the platform does it: meanwhile the menu is drawn, and keys and mouse wait.
+    [[NSRunLoop currentRunLoop] runUntilDate:end];
+    [entry.view setHighlightedItemIndex:before];
 }
 
 } // namespace

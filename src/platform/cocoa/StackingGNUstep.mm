@@ -1,5 +1,7 @@
 #import "platform/cocoa/StackingGNUstep.h"
 
+#import "platform/cocoa/X11GNUstep.h"
+
 #import <AppKit/NSWindow.h>
 #import <GNUstepGUI/GSDisplayServer.h>
 
@@ -11,10 +13,6 @@
 namespace vistrel::cocoa::gnustep {
 
 namespace {
-
-Display* display() {
-    return static_cast<Display*>([GSCurrentServer() serverDevice]);
-}
 
 ::Window root() {
     return DefaultRootWindow(display());

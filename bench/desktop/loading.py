@@ -1,0 +1,66 @@
+"""What loading costs: the start of a host, and the load hook in it."""
+
+from __future__ import annotations
+
+import time
+
+from harness import applications
+from harness.host import ALWAYS, property_list_array
+from inhost import report
+from place import APPLICATION, Place
+from stopwatch import Event, Stopwatch
+
+
+def is_document(event: Event) -> bool:
+    """Not the icon, nor a menu."""
+    return event.place.width >= 300 and event.place.height >= 200
+
+
+def start(place: Place, watch: Stopwatch, number: int, *bundles) -> float:
+    """Milliseconds from the start of the process to its first window."""
+    arguments = [
+        applications.find(APPLICATION), *ALWAYS, "-NSMenuInterfaceStyle", "NSNextStepInterfaceStyle",
+        *(["-GSAppKitUserBundles", property_list_array(bundles)] if bundles else []),
+    ]
+    begin = time.monotonic_ns()
+    process = place.account.start(
+        arguments, place.logs / f"start-{number}.log", extra={"DISPLAY": place.desktop.name}
+    )
+    shown = watch.wait_for("map", is_document)
+    watch.settle()
+    process.kill()
+    process.wait()
+    watch.settle()
+    return (shown.time - begin) / 1e6
+
+
+def measure_starts(place: Place, rounds: int) -> dict:
+    found: dict[str, list[float]] = {"without": [], "with": []}
+    with Stopwatch(place.stopwatch, place.desktop.name) as watch:
+        for number in range(rounds + 1):
+            for kind, bundles in (("without", ()), ("with", (place.loader,))):
+                took = start(place, watch, number, *bundles)
+                if number > 0:  # the first reads the files from disk
+                    found[kind].append(took)
+    return found
+
+
+def measure_hook(place: Place, rounds: int) -> dict:
+    """Milliseconds from the load hook to the inserted block."""
+    file = place.logs / "load.txt"
+    file.unlink(missing_ok=True)
+    environment = {
+        "VTR_BENCH_REPORT": str(file), "VTR_BENCH_BUNDLE": str(place.bundle("Vistrel")),
+    }
+    for number in range(rounds + 1):
+        for bundle, word in (("VistrelLoadBench", "load"), ("VistrelMoveBench", "insert")):
+            before = len(report(file))
+            with place.host(place.bundle(bundle), environment=environment) as host:
+                host.wait_until(lambda: len(report(file)) > before, word)
+    lines = [line for line in report(file)[2:]]
+
+    def milliseconds(word: str) -> list[float]:
+        return [(int(end) - int(begin)) / 1e6 for kind, begin, end, *_ in lines if kind == word]
+
+    inserted = {int(line[3]) for line in lines if line[0] == "load"}
+    return {"load": milliseconds("load"), "insert": milliseconds("insert"), "items": sorted(inserted)}
