@@ -39,8 +39,8 @@ bool isSettingUsable() {
     return [setting respondsToSelector:@selector(floatValue)] && [setting floatValue] > 0;
 }
 
-Seconds duration(NSWindow* window, NSRect frame) {
-    if (!isOnScreen(window) || !isSettingUsable())
+Seconds duration(NSWindow* window, bool isOnScreen, NSRect frame) {
+    if (!isOnScreen || !isSettingUsable())
         return {};
     const double time = [window animationResizeTime:frame];
     return std::isfinite(time) ? std::clamp(Seconds(time), Seconds(0), longest) : Seconds(0);
@@ -58,8 +58,8 @@ NSRect between(NSRect from, NSRect to, double part) {
 class Move {
   public:
     Move(NSWindow* window, NSRect frame)
-        : window_(window), from_([window frame]), to_(attainableFrame(window, frame)),
-          duration_(duration(window, to_)) {}
+        : window_(window), wasOnScreen_(isOnScreen(window)), from_([window frame]),
+          to_(attainableFrame(window, frame)), duration_(duration(window, wasOnScreen_, to_)) {}
 
     void run() {
         const auto begin = Clock::now();
@@ -131,11 +131,11 @@ class Move {
     }
 
     NSWindow* window_;
+    bool wasOnScreen_;
     NSRect from_;
     NSRect to_;
     Seconds duration_;
     unsigned int number_ = ++newest;
-    bool wasOnScreen_ = isOnScreen(window_);
 };
 
 } // namespace

@@ -54,11 +54,6 @@ NSSize greatestSize(NSWindow* window) {
     return NSMakeSize(least(own.width, 2 * all.width), least(own.height, 2 * all.height));
 }
 
-bool hasManagedSize(NSWindow* window) {
-    return std::any_of(managedSizes.begin(), managedSizes.end(),
-                       [&](const char* state) { return hasState(window, state); });
-}
-
 /// A delegate that throws when its window moves has been told of it by then: the move is done.
 template <typename Action> void guarded(Action action) {
     @try {
@@ -87,10 +82,14 @@ void moveTo(NSWindow* window, NSRect frame) {
     guarded([&] {
         letStand(window, frame);
         // A window that believes to be there does not ask the back end, which may know better.
-        if (NSEqualRects([window frame], frame) && [window windowNumber] > 0)
+        if (NSEqualRects([window frame], frame) && [window windowNumber] > 0) {
             [GSServerForWindow(window) placewindow:frame:static_cast<int>([window windowNumber])];
-        else
-            [window setFrame:frame display:YES];
+            return;
+        }
+        [window setFrame:frame display:NO];
+        // The server and the window manager get to work while the window is drawn.
+        sendRequests();
+        [window display];
     });
 }
 
@@ -124,13 +123,13 @@ void tell(NSWindow* window, NSRect frame) {
 }
 
 void leaveManagedSize(NSWindow* window) {
-    if (!hasManagedSize(window))
+    if (!hasState(window, managedSizes))
         return;
     changeState(window, StateChange::remove, managedSizes[0], managedSizes[1]);
     changeState(window, StateChange::remove, managedSizes[2], managedSizes[3]);
     // A manager may take the window itself away while only its title bar shows.
     const auto isLeft = [&] {
-        return !hasManagedSize(window) && (isMapped(window) || ![window isVisible]);
+        return !hasState(window, managedSizes) && (isMapped(window) || ![window isVisible]);
     };
     waitUntil(isLeft, Clock::now() + 500ms);
 }

@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <optional>
+#include <span>
 
 @class NSWindow;
 
@@ -48,8 +49,9 @@ Extents supposedExtents(NSWindow* window);
 /// y upwards from the lower edge of the whole X screen. All zero while there is no X window.
 NSRect serverFrame(NSWindow* window);
 
-/// Whether the window manager has given the window a state, such as "_NET_WM_STATE_ABOVE".
-bool hasState(NSWindow* window, const char* state);
+/// Whether the window manager has given the window one of these states, such as
+/// "_NET_WM_STATE_ABOVE".
+bool hasState(NSWindow* window, std::span<const char* const> states);
 
 enum class StateChange : long { remove = 0, add = 1 };
 
@@ -62,6 +64,9 @@ void changeState(NSWindow* window, StateChange change, const char* state,
 /// platform asks for that as of the last event it has seen, and is ignored if the keyboard has gone
 /// from one window to another since; this is never too late.
 void takeFocus(NSWindow* window);
+
+/// Sends what the X server has been asked and what still waits here.
+void sendRequests();
 
 /// Hands everything that the X server has sent to the back end. Windows learn at once where they
 /// are; what the user did stays queued, in order, for the application. No timer, no other input and

@@ -173,12 +173,12 @@ NSRect serverFrame(NSWindow* window) {
                       NSHeight(client) + extents.top + extents.bottom);
 }
 
-bool hasState(NSWindow* window, const char* state) {
-    const Property states(window, "_NET_WM_STATE", XA_ATOM);
-    const Atom wanted = states.count() > 0 ? XInternAtom(display(), state, False) : None;
-    for (unsigned long index = 0; index < states.count(); ++index)
-        if (states[index] == wanted)
-            return true;
+bool hasState(NSWindow* window, std::span<const char* const> states) {
+    const Property found(window, "_NET_WM_STATE", XA_ATOM);
+    for (unsigned long index = 0; index < found.count(); ++index)
+        for (const char* const state : states)
+            if (found[index] == XInternAtom(display(), state, False))
+                return true;
     return false;
 }
 
@@ -212,6 +212,11 @@ void takeFocus(NSWindow* window) {
     XSetInputFocus(display(), xWindow(window), RevertToParent, CurrentTime);
     // Until then, what the window manager has done meanwhile may make the request fail.
     XSync(display(), False);
+}
+
+void sendRequests() {
+    if (display() != nullptr)
+        XFlush(display());
 }
 
 void takeEvents() {
