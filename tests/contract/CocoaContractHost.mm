@@ -193,11 +193,15 @@ class CocoaContractHost final : public ContractHost {
         [NSApp setDelegate:nil];
         [user_ release];
         [[NSFileManager defaultManager] removeFileAtPath:cocoa::toNSString(folder_) handler:nil];
+        [pool_ release];
     }
 
     Platform& platform() override { return platform_; }
 
     void setMainMenu(const std::vector<ContractItem>& items) override {
+        // As between two events of any host. Without it the menus that were exchanged before, which
+        // are on screen as long as they exist, would gather in front of the windows.
+        emptyPool();
         NSMenu* menu = makeMenu(items);
         for (std::size_t index = 0; index < items.size(); ++index)
             if (items[index].isWindowMenu)
@@ -306,6 +310,12 @@ class CocoaContractHost final : public ContractHost {
     void makeDamagedFile(const std::string& path) override { std::ofstream(path) << "damaged"; }
 
   private:
+    void emptyPool() {
+        [pool_ release];
+        pool_ = [[NSAutoreleasePool alloc] init];
+    }
+
+    NSAutoreleasePool* pool_ = [[NSAutoreleasePool alloc] init];
     cocoa::CocoaPlatform platform_{controller()};
     std::string folder_;
     NSWindow* window_ = nil;
