@@ -44,10 +44,11 @@ class CocoaMenu final : public Menu {
     CocoaMenu& operator=(const CocoaMenu&) = delete;
     CocoaMenu(CocoaMenu&&) = delete;
     CocoaMenu& operator=(CocoaMenu&&) = delete;
-    ~CocoaMenu();
+    ~CocoaMenu() = default;
 
-    /// Keeps the menu until the next call: a command may ask the host's windows to move before it
-    /// comes back to the menu, and the host may exchange its menus meanwhile.
+    /// Keeps the menu until the end of the host's event: a command may ask the host's windows to
+    /// move before it comes back to the menu, and the host may exchange its menus meanwhile. Not
+    /// for longer: on GNUstep a menu is on screen for as long as it exists.
     CocoaMenu& bind(NSMenu* menu);
 
     [[nodiscard]] NSMenu* menu() const { return menu_; }

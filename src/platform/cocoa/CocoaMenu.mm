@@ -64,14 +64,8 @@ void CocoaMenuItem::setState(bool on) {
     [item_ setState:on ? NSOnState : NSOffState];
 }
 
-CocoaMenu::~CocoaMenu() {
-    [menu_ release];
-}
-
 CocoaMenu& CocoaMenu::bind(NSMenu* menu) {
-    [menu retain];
-    [menu_ release];
-    menu_ = menu;
+    menu_ = [[menu retain] autorelease];
     return *this;
 }
 

@@ -1,5 +1,6 @@
 #import "platform/cocoa/HostMenuGNUstep.h"
 
+#import "platform/cocoa/HostWindowsGNUstep.h"
 #import "platform/cocoa/InWindowMenusGNUstep.h"
 #import "platform/cocoa/StackingGNUstep.h"
 
@@ -44,9 +45,15 @@ void closePanel() {
     [menu close];
 }
 
+/// A window of this kind has no other way to answer whether it can take the keyboard than to ask
+/// its menu, which may have gone before it.
+bool isOfMenu(NSWindow* window) {
+    return [window isKindOfClass:NSClassFromString(@"NSMenuPanel")] != NO;
+}
+
 bool canTakeKeyboard(NSWindow* window) {
-    return [window isVisible] && ![window isMiniaturized] && [window canBecomeKeyWindow] &&
-           window != menuWindow() &&
+    return [window isVisible] && ![window isMiniaturized] && !isOfMenu(window) &&
+           [window canBecomeKeyWindow] &&
            ([window styleMask] & (NSIconWindowMask | NSMiniWindowMask)) == 0;
 }
 
@@ -89,10 +96,9 @@ void showHostMenu() {
 bool mayHideHostMenu() {
     if (isInWindows())
         return true;
-    for (NSWindow* window in [NSApp windows])
-        if (canTakeKeyboard(window))
-            return true;
-    return false;
+    bool mayHide = false;
+    visitHostWindows([&](NSWindow* window) { mayHide |= canTakeKeyboard(window); });
+    return mayHide;
 }
 
 void showHostMenuForKeyboard() {

@@ -1,6 +1,7 @@
 #import "platform/cocoa/InWindowMenusGNUstep.h"
 
-#import <AppKit/NSApplication.h>
+#import "platform/cocoa/HostWindowsGNUstep.h"
+
 #import <AppKit/NSMenuView.h>
 #import <AppKit/NSView.h>
 #import <AppKit/NSWindow.h>
@@ -92,8 +93,7 @@ void setInWindowMenusHidden(bool hidden) {
         replaceHeight();
     bars().areHidden = hidden;
     if (hidden) {
-        for (NSWindow* window in [NSApp windows])
-            hide(barOf(window));
+        visitHostWindows([](NSWindow* window) { hide(barOf(window)); });
     } else {
         for (NSView* bar in bars().hidden)
             show(bar);

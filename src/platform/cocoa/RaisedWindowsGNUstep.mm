@@ -1,6 +1,7 @@
 #import "platform/cocoa/RaisedWindowsGNUstep.h"
 
 #import "platform/cocoa/Guard.h"
+#import "platform/cocoa/HostWindowsGNUstep.h"
 #import "platform/cocoa/Observing.h"
 #import "platform/cocoa/ServerWatchGNUstep.h"
 #import "platform/cocoa/WindowOrderGNUstep.h"
@@ -100,9 +101,10 @@ bool isShownAboveNormal(NSWindow* window) {
 
 Windows windowsThat(bool (*hold)(NSWindow*)) {
     Windows found;
-    for (NSWindow* window in [NSApp windows])
+    visitHostWindows([&](NSWindow* window) {
         if (serverWindow(window) != 0 && hold(window))
             found.push_back(window);
+    });
     return found;
 }
 

@@ -1,9 +1,9 @@
 #import "platform/cocoa/WindowOrderGNUstep.h"
 
+#import "platform/cocoa/HostWindowsGNUstep.h"
 #import "platform/cocoa/ServerConnectionGNUstep.h"
 #import "platform/cocoa/ServerWatchGNUstep.h"
 
-#import <AppKit/NSApplication.h>
 #import <AppKit/NSWindow.h>
 
 #include <algorithm>
@@ -47,8 +47,7 @@ bool isPanel(XWindow window) {
 /// All windows of the host, shown or not.
 std::vector<XWindow> ownWindows() {
     std::vector<XWindow> own;
-    for (NSWindow* window in [NSApp windows])
-        own.push_back(serverWindow(window));
+    visitHostWindows([&own](NSWindow* window) { own.push_back(serverWindow(window)); });
     return own;
 }
 

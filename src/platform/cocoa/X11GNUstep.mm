@@ -1,8 +1,8 @@
 #import "platform/cocoa/X11GNUstep.h"
 
 #import "platform/cocoa/GuardObjC.h"
+#import "platform/cocoa/HostWindowsGNUstep.h"
 
-#import <AppKit/NSApplication.h>
 #import <AppKit/NSWindow.h>
 #import <Foundation/NSException.h>
 #import <Foundation/NSRunLoop.h>
@@ -109,10 +109,10 @@ bool hostHasFocus() {
     ::Window focus = None;
     int revertTo = 0;
     XGetInputFocus(display(), &focus, &revertTo);
-    for (NSWindow* window in [NSApp windows])
-        if (xWindow(window) != 0 && xWindow(window) == focus)
-            return true;
-    return false;
+    bool isOwn = false;
+    visitHostWindows(
+        [&](NSWindow* window) { isOwn |= xWindow(window) != 0 && xWindow(window) == focus; });
+    return isOwn;
 }
 
 } // namespace
