@@ -7,11 +7,20 @@
 
 namespace vistrel::cocoa {
 
-/// Stands for the controller of one of the bundle's windows, which lives as long as the process, or
-/// for nothing while that is nil.
+/// Stands for the controller of one of the bundle's windows, which lives as long as this, or for
+/// nothing while that is nil.
 class CocoaWindowController final : public WindowController {
   public:
-    /// `sender` is who asks for the window to be shown.
+    CocoaWindowController() = default;
+    CocoaWindowController(const CocoaWindowController&) = delete;
+    CocoaWindowController& operator=(const CocoaWindowController&) = delete;
+    CocoaWindowController(CocoaWindowController&&) = delete;
+    CocoaWindowController& operator=(CocoaWindowController&&) = delete;
+
+    ~CocoaWindowController() { [controller_ release]; }
+
+    /// Takes over the caller's reference to `controller`, once. `sender` is who asks for the window
+    /// to be shown.
     void bind(NSWindowController* controller, id sender) {
         controller_ = controller;
         sender_ = sender;
