@@ -9,38 +9,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-
 /// The About window with its interface file, as the command shows it. Outside our namespace, where
 /// the names are those of the Objective-C classes.
 namespace {
 
 namespace cocoa = vistrel::cocoa;
-namespace fs = std::filesystem;
 using testing::ElementsAre;
 using vistrel::ContractHost;
-
-/// Where the platform finds it, and where the good one is while a test has put something else
-/// there.
-const fs::path interfacePath = VISTREL_ABOUT_INTERFACE;
-const fs::path keptPath = VISTREL_ABOUT_INTERFACE ".kept";
-
-void takeAwayInterface() {
-    fs::rename(interfacePath, keptPath);
-}
-
-/// Also after a run that did not come to its end.
-void giveBackInterface() {
-    if (fs::exists(keptPath))
-        fs::rename(keptPath, interfacePath);
-}
-
-std::string goodInterface() {
-    std::ifstream stream(interfacePath, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
 
 std::vector<NSControl*> controlsIn(NSView* view) {
     std::vector<NSControl*> all;
@@ -58,7 +33,6 @@ class AboutWindow : public testing::Test {
   protected:
     void SetUp() override {
         pool = [[NSAutoreleasePool alloc] init];
-        giveBackInterface();
         before = [[NSApp windows] copy];
     }
 
@@ -67,7 +41,6 @@ class AboutWindow : public testing::Test {
             [window close];
         [before release];
         [pool release];
-        giveBackInterface();
     }
 
     /// The windows of this test.
@@ -187,53 +160,5 @@ TEST_F(AboutWindow, HasTextOfReadableSize) {
         EXPECT_LE([[control font] pointSize], 28);
     }
 }
-
-TEST_F(AboutWindow, IsNotThereWithoutItsInterfaceFile) {
-    takeAwayInterface();
-    corvane.about();
-    corvane.about();
-    EXPECT_EQ([made() count], 0U);
-    EXPECT_NE(corvane.fields().aboutNIBController, nullptr);
-}
-
-struct Damage {
-    const char* name;
-    std::string (*content)();
-};
-
-void PrintTo(const Damage& damage, std::ostream* stream) {
-    *stream << damage.name;
-}
-
-class DamagedInterface : public AboutWindow, public testing::WithParamInterface<Damage> {};
-
-TEST_P(DamagedInterface, ShowsNothing) {
-    const auto content = GetParam().content();
-    takeAwayInterface();
-    std::ofstream(interfacePath, std::ios::binary) << content;
-    corvane.about();
-    corvane.about();
-    EXPECT_EQ([made() count], 0U);
-}
-
-std::string half() {
-    const auto whole = goodInterface();
-    return whole.substr(0, whole.size() / 2);
-}
-
-std::string withoutWindow() {
-    return R"(<?xml version="1.0" encoding="UTF-8"?>
-<document type="com.apple.InterfaceBuilder3.Cocoa.XIB" version="3.0" targetRuntime="MacOSX.Cocoa">
-    <objects><customObject id="-2" userLabel="File's Owner" customClass="NoSuchClass"/></objects>
-</document>
-)";
-}
-
-INSTANTIATE_TEST_SUITE_P(Files, DamagedInterface,
-                         testing::Values(Damage{"Empty", [] { return std::string(); }},
-                                         Damage{"Text", [] { return std::string("hello"); }},
-                                         Damage{"CutOff", half},
-                                         Damage{"WithoutWindow", withoutWindow}),
-                         [](const auto& instance) { return instance.param.name; });
 
 } // namespace

@@ -17,6 +17,16 @@
     return self;
 }
 
+/// A method of its own: the compiler cannot send to super from a lambda.
+- (void)loadInterface {
+    [super loadWindow];
+}
+
+/// Without its interface file, or with a damaged one, the controller stays without a window.
+- (void)loadWindow {
+    vistrel::cocoa::runGuarded([self] { [self loadInterface]; });
+}
+
 /// The interface file connects the window by this method rather than by the variable.
 - (void)setWindow:(NSWindow*)loaded {
     [super setWindow:loaded];
