@@ -124,7 +124,14 @@ TEST(PropertyListXML, ReadsBackEveryTextThatXMLCanHold) {
 
 TEST(PropertyListXML, HasNoPlaceForControlCharactersAndInvalidUTF8) {
     for (const std::string& text :
-         {std::string("\x01"), std::string("a\0b", 3), std::string("\xFF")}) {
+         {std::string("\x01"), std::string("a\0b", 3), std::string("\xFF"),
+          // An overlong form, a surrogate, beyond the last character, cut off.
+          std::string("\xC1\xBF"), std::string("\xED\xA0\x80"), std::string("\xF4\x90\x80\x80"),
+          std::string("\xE2\x80"),
+          // Numbers that are no characters, with which a file could not be read again.
+          std::string("a\xEF\xBF\xBE"),
+          std::string("\xEF\xBF\xBF"
+                      "b")}) {
         EXPECT_EQ(xmlFromPropertyList(PropertyList(text)), std::nullopt);
         EXPECT_EQ(xmlFromPropertyList(Dictionary{{text, 1}}), std::nullopt);
         EXPECT_EQ(xmlFromPropertyList(Array{PropertyList(text)}), std::nullopt);

@@ -1,6 +1,7 @@
 #include "platform/posix/Base64.h"
 #include "platform/posix/DateText.h"
 #include "platform/posix/PropertyListXML.h"
+#include "platform/posix/UTF8.h"
 
 #include <algorithm>
 #include <array>
@@ -17,12 +18,15 @@ const xmlChar* xml(const char* text) {
     return reinterpret_cast<const xmlChar*>(text);
 }
 
-/// XML has no way to write the other control characters, nor a zero inside a text.
+/// XML has no way to write the other control characters, nor the two numbers of the basic plane
+/// that are no characters. A file with one of them, or with bytes that are no UTF-8, could not be
+/// read again.
 bool isWritable(std::string_view text) {
     return std::ranges::none_of(
                text,
                [](unsigned char c) { return c < 0x20 && c != '\t' && c != '\n' && c != '\r'; }) &&
-           xmlCheckUTF8(xml(std::string(text).c_str())) != 0;
+           isUTF8(text) && text.find("\xEF\xBF\xBE") == std::string_view::npos &&
+           text.find("\xEF\xBF\xBF") == std::string_view::npos;
 }
 
 std::string realText(double value) {

@@ -1,55 +1,61 @@
 #include "platform/posix/UTF8.h"
 
 #include <array>
-#include <cerrno>
+#include <cstddef>
 #include <cstdint>
-#include <iconv.h>
 
 namespace vistrel::posix {
 
 namespace {
 
-class Converter {
-  public:
-    /// To UTF-32 and not to UTF-8: converting UTF-8 to itself lets numbers beyond U+10FFFF pass.
-    Converter() : converter_(::iconv_open("UTF-32LE", "UTF-8")) {}
+/// How many bytes a character has that begins with `first`; 0 when none does.
+std::size_t lengthOf(unsigned char first) {
+    if (first < 0x80)
+        return 1;
+    if (first < 0xC2 || first > 0xF4)
+        return 0;
+    if (first < 0xE0)
+        return 2;
+    return first < 0xF0 ? 3 : 4;
+}
 
-    Converter(const Converter&) = delete;
-    Converter& operator=(const Converter&) = delete;
-    Converter(Converter&&) = delete;
-    Converter& operator=(Converter&&) = delete;
+bool isContinuation(unsigned char byte) {
+    return (byte & 0xC0U) == 0x80;
+}
 
-    ~Converter() {
-        if (exists())
-            ::iconv_close(converter_);
+/// Whether this number is a character, and needs all of `length` bytes.
+bool isCharacter(std::uint32_t number, std::size_t length) {
+    constexpr std::array<std::uint32_t, 5> least{0, 0, 0x80, 0x800, 0x10000};
+    const bool isSurrogate = number >= 0xD800 && number <= 0xDFFF;
+    return number >= least.at(length) && number <= 0x10FFFF && !isSurrogate;
+}
+
+/// The length of the character at the beginning of `text`; 0 when there is none.
+std::size_t characterAtBegin(std::string_view text) {
+    const auto first = static_cast<unsigned char>(text.front());
+    const auto length = lengthOf(first);
+    if (length < 2 || length > text.size())
+        return length == 1 ? 1 : 0;
+    std::uint32_t number = first & (0x7FU >> length);
+    for (const char next : text.substr(1, length - 1)) {
+        const auto byte = static_cast<unsigned char>(next);
+        if (!isContinuation(byte))
+            return 0;
+        number = number << 6U | (byte & 0x3FU);
     }
-
-    [[nodiscard]] bool exists() const { return reinterpret_cast<std::intptr_t>(converter_) != -1; }
-
-    /// Whether all of `text` can be converted. What it is converted to is thrown away.
-    bool accepts(std::string_view text) {
-        auto* in = const_cast<char*>(text.data());
-        auto left = text.size();
-        while (left > 0) {
-            std::array<char, 4096> space{};
-            auto* out = space.data();
-            auto room = space.size();
-            if (::iconv(converter_, &in, &left, &out, &room) == failure && errno != E2BIG)
-                return false;
-        }
-        return true;
-    }
-
-  private:
-    static constexpr auto failure = static_cast<std::size_t>(-1);
-    iconv_t converter_;
-};
+    return isCharacter(number, length) ? length : 0;
+}
 
 } // namespace
 
 bool isUTF8(std::string_view text) {
-    Converter converter;
-    return converter.exists() && converter.accepts(text);
+    while (!text.empty()) {
+        const auto length = characterAtBegin(text);
+        if (length == 0)
+            return false;
+        text.remove_prefix(length);
+    }
+    return true;
 }
 
 } // namespace vistrel::posix
