@@ -68,6 +68,9 @@ INSTANTIATE_TEST_SUITE_P(
         Reading{"<real>one</real>", std::nullopt}, Reading{"<string/>", ""},
         Reading{"<string>a<![CDATA[<b>]]>&amp;&#189;</string>", "a<b>&½"},
         Reading{"<string>C:\\U0041</string>", "C:\\U0041"},
+        Reading{"<string>a<!-- b --><?c d?>e</string>", "ae"},
+        Reading{"<string>a<b>c</b></string>", std::nullopt},
+        Reading{"<dict><key><true/></key><true/></dict>", std::nullopt},
         Reading{"<array><!-- none --> <true/> </array>", Array{true}},
         Reading{"<array><what/></array>", std::nullopt},
         Reading{"<dict><key>a</key></dict>", std::nullopt},
@@ -88,6 +91,12 @@ TEST(PropertyListXML, IsNothingWithoutAPlistElement) {
 TEST(PropertyListXML, DeclaresNoEntities) {
     EXPECT_EQ(propertyListFromXML("<!DOCTYPE plist [<!ENTITY a \"aaaa\">]>"
                                   "<plist><string>&a;</string></plist>"),
+              std::nullopt);
+}
+
+TEST(PropertyListXML, LosesNoEntityThatAFileElsewhereMayDeclare) {
+    EXPECT_EQ(propertyListFromXML("<!DOCTYPE plist SYSTEM \"http://127.0.0.1/plist.dtd\">"
+                                  "<plist><string>a&b;c</string></plist>"),
               std::nullopt);
 }
 
@@ -173,6 +182,7 @@ TEST(DateText, CountsFromTheReferenceDateBothWays) {
     }
     EXPECT_EQ(textFromDate(Date{0.9}), "2001-01-01T00:00:00Z");
     EXPECT_EQ(textFromDate(Date{-0.1}), "2000-12-31T23:59:59Z");
+    EXPECT_EQ(textFromDate(Date{std::nan("")}), "2001-01-01T00:00:00Z");
     EXPECT_EQ(textFromDate(Date{1e300}), "9999-12-31T23:59:59Z");
 }
 

@@ -23,8 +23,11 @@ std::string toString(NSString* text);
 NSRect toNSRect(const Rect& rect);
 Rect toRect(NSRect rect);
 
-/// Any property-list object. nullopt for nil, and for objects that no property list can hold,
-/// wherever they are nested.
+/// Whoever needs more levels means harm: each takes its part of the host's stack.
+inline constexpr int deepestPropertyList = 200;
+
+/// Any property-list object. nullopt for nil, for objects that no property list can hold, wherever
+/// they are nested, and for what is nested deeper than that.
 std::optional<PropertyList> toPropertyList(id object);
 
 /// The property-list object of the same type and value, autoreleased.

@@ -34,10 +34,12 @@ std::optional<PropertyList> fromNumber(NSNumber* number) {
     }
 }
 
-std::optional<PropertyList> fromArray(NSArray* objects) {
+std::optional<PropertyList> fromObject(id object, int depth);
+
+std::optional<PropertyList> fromArray(NSArray* objects, int depth) {
     Array array;
     for (NSUInteger index = 0; index < [objects count]; ++index) {
-        auto value = toPropertyList([objects objectAtIndex:index]);
+        auto value = fromObject([objects objectAtIndex:index], depth);
         if (!value)
             return std::nullopt;
         array.push_back(std::move(*value));
@@ -45,11 +47,11 @@ std::optional<PropertyList> fromArray(NSArray* objects) {
     return array;
 }
 
-std::optional<PropertyList> fromDictionary(NSDictionary* objects) {
+std::optional<PropertyList> fromDictionary(NSDictionary* objects, int depth) {
     Dictionary dictionary;
     NSEnumerator* keys = [objects keyEnumerator];
     while (id key = [keys nextObject]) {
-        auto value = toPropertyList([objects objectForKey:key]);
+        auto value = fromObject([objects objectForKey:key], depth);
         if (!value || ![key isKindOfClass:[NSString class]])
             return std::nullopt;
         dictionary.set(toString(key), std::move(*value));
@@ -60,6 +62,24 @@ std::optional<PropertyList> fromDictionary(NSDictionary* objects) {
 PropertyList fromData(NSData* bytes) {
     const auto* first = static_cast<const std::byte*>([bytes bytes]);
     return Data(first, first + [bytes length]);
+}
+
+std::optional<PropertyList> fromObject(id object, int depth) {
+    if (depth == 0)
+        return std::nullopt;
+    if ([object isKindOfClass:[NSString class]])
+        return PropertyList(toString(object));
+    if ([object isKindOfClass:[NSNumber class]])
+        return fromNumber(object);
+    if ([object isKindOfClass:[NSDictionary class]])
+        return fromDictionary(object, depth - 1);
+    if ([object isKindOfClass:[NSArray class]])
+        return fromArray(object, depth - 1);
+    if ([object isKindOfClass:[NSData class]])
+        return fromData(object);
+    if ([object isKindOfClass:[NSDate class]])
+        return Date{[object timeIntervalSinceReferenceDate]};
+    return std::nullopt;
 }
 
 struct ToObject {
@@ -120,19 +140,7 @@ Rect toRect(NSRect rect) {
 }
 
 std::optional<PropertyList> toPropertyList(id object) {
-    if ([object isKindOfClass:[NSString class]])
-        return PropertyList(toString(object));
-    if ([object isKindOfClass:[NSNumber class]])
-        return fromNumber(object);
-    if ([object isKindOfClass:[NSDictionary class]])
-        return fromDictionary(object);
-    if ([object isKindOfClass:[NSArray class]])
-        return fromArray(object);
-    if ([object isKindOfClass:[NSData class]])
-        return fromData(object);
-    if ([object isKindOfClass:[NSDate class]])
-        return Date{[object timeIntervalSinceReferenceDate]};
-    return std::nullopt;
+    return fromObject(object, deepestPropertyList);
 }
 
 id toObject(const PropertyList& value) {

@@ -35,8 +35,10 @@ std::string textFromDate(const Date& date) {
     const auto earliest = sys_days(1y / January / 1) - referenceDate;
     const auto latest = sys_days(9999y / December / 31) + seconds(86399) - referenceDate;
     const auto count =
-        std::clamp(date.secondsSinceReferenceDate, static_cast<double>(earliest.count()),
-                   static_cast<double>(latest.count()));
+        std::isnan(date.secondsSinceReferenceDate)
+            ? 0
+            : std::clamp(date.secondsSinceReferenceDate, static_cast<double>(earliest.count()),
+                         static_cast<double>(latest.count()));
     const auto time = referenceDate + seconds(static_cast<std::int64_t>(std::floor(count)));
     const auto midnight = floor<days>(time);
     const year_month_day day(midnight);

@@ -26,7 +26,16 @@ const xmlNode* element(const xmlNode* node) {
     return node;
 }
 
-std::string textOf(const xmlNode& node) {
+bool isLayout(const xmlNode& node) {
+    return node.type == XML_COMMENT_NODE || node.type == XML_PI_NODE;
+}
+
+/// nullopt when there is anything else in `node` than text, such as an entity that only a file
+/// elsewhere could declare: it would be missing from what is written back.
+std::optional<std::string> textOf(const xmlNode& node) {
+    for (const auto* child = node.children; child != nullptr; child = child->next)
+        if (xmlNodeIsText(child) == 0 && child->type != XML_CDATA_SECTION_NODE && !isLayout(*child))
+            return std::nullopt;
     const std::unique_ptr<xmlChar, decltype(xmlFree)> content(xmlNodeGetContent(&node), xmlFree);
     return content ? reinterpret_cast<const char*>(content.get()) : "";
 }
@@ -73,6 +82,21 @@ std::optional<PropertyList> integer(std::string_view text) {
     return number<std::uint64_t>(text);
 }
 
+/// The value that an element of this name holds as a text.
+std::optional<PropertyList> leaf(std::string_view name, const std::string& text) {
+    if (name == "string")
+        return text;
+    if (name == "integer")
+        return integer(text);
+    if (name == "real")
+        return number<double>(text);
+    if (name == "date")
+        return dateFromText(trimmed(text));
+    if (name == "data")
+        return dataFromBase64(text);
+    return std::nullopt;
+}
+
 std::optional<PropertyList> valueOf(const xmlNode* node, int depth);
 
 std::optional<PropertyList> array(const xmlNode* child, int depth) {
@@ -94,9 +118,9 @@ std::optional<PropertyList> dictionary(const xmlNode* child, int depth) {
         const auto key = textOf(*child);
         child = element(child->next);
         auto value = valueOf(child, depth);
-        if (!value)
+        if (!key || !value)
             return std::nullopt;
-        values.set(key, std::move(*value));
+        values.set(*key, std::move(*value));
     }
     return values;
 }
@@ -111,17 +135,8 @@ std::optional<PropertyList> valueOf(const xmlNode* node, int depth) {
         return array(node->children, depth - 1);
     if (name == "true" || name == "false")
         return name == "true";
-    if (name == "string")
-        return textOf(*node);
-    if (name == "integer")
-        return integer(textOf(*node));
-    if (name == "real")
-        return number<double>(textOf(*node));
-    if (name == "date")
-        return dateFromText(trimmed(textOf(*node)));
-    if (name == "data")
-        return dataFromBase64(textOf(*node));
-    return std::nullopt;
+    const auto text = textOf(*node);
+    return text ? leaf(name, *text) : std::nullopt;
 }
 
 void sayNothing(void*, const char*, ...) {} // NOLINT(cert-dcl50-cpp): libxml2's type
