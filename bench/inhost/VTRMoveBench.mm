@@ -38,7 +38,7 @@ Session& session() {
 ///
 ///     insert BEGIN END
 ///     bare BEGIN RETURN
-///     action BEGIN RETURN NANOSECONDS-IN-THE-PLATFORM'S-MOVE
+///     action BEGIN RETURN NANOSECONDS-IN-THE-WINDOW
 ///     end
 @interface VTRMoveBench : NSObject {
     NSRect home;
@@ -86,11 +86,11 @@ Session& session() {
 }
 
 - (void)moveByAction {
-    const auto before = session().platform.timeOfMoves();
+    const auto before = session().platform.timeInWindow();
     const auto begin = vistrel::bench::now();
     session().corvane.left();
     const auto end = vistrel::bench::now();
-    vistrel::bench::report("action", {begin, end, session().platform.timeOfMoves() - before});
+    vistrel::bench::report("action", {begin, end, session().platform.timeInWindow() - before});
 }
 
 /// A round has four steps: there and home bare, there and home by the action.
