@@ -2,7 +2,9 @@
 
 from __future__ import annotations
 
+import select
 import signal
+import threading
 from collections.abc import Callable, Iterator
 from pathlib import Path
 
@@ -16,6 +18,8 @@ from harness.devices import COMMAND, OPTION
 from harness.geometry import Rect
 from harness.host import Host
 from settingswindow import SettingsWindow
+from Xlib import X
+from Xlib.display import Display
 from test_fullscreen import (
     AT_ONCE, FLOATING, FULLSCREEN, HIDING, fill, is_covered, panel, screen, start, wait_for_menu,
 )
@@ -272,3 +276,57 @@ def test_a_host_may_quit_while_its_settings_window_is_open(
     window.change("ownShortCuts", True)
     assert window.host.quit() == 0, window.host.describe()
     assert "exception" not in window.host.log.lower()
+
+
+# A program insists on being on top
+
+
+class Insistent:
+    """An invisible window at the upper edge, put back on top whenever another goes there."""
+
+    def __init__(self, desktop: Desktop) -> None:
+        self._connection = Display(desktop.name)
+        root = self._connection.screen().root
+        root.change_attributes(event_mask=X.SubstructureNotifyMask)
+        self._window = root.create_window(
+            0, 0, root.get_geometry().width, 1, 0, 0, X.InputOnly, override_redirect=True
+        )
+        self._window.map()
+        self._connection.sync()
+        self.is_content = False
+        self._ends = False
+        self._thread = threading.Thread(target=self._insist, daemon=True)
+        self._thread.start()
+
+    def _insist(self) -> None:
+        while not self._ends:
+            if not self._connection.pending_events():
+                self.is_content = not select.select([self._connection], [], [], 0.2)[0]
+            for _ in range(self._connection.pending_events()):
+                event = self._connection.next_event()
+                if event.type in (X.ConfigureNotify, X.MapNotify) and event.window != self._window:
+                    self._window.configure(stack_mode=X.Above)
+            self._connection.flush()
+
+    def close(self) -> None:
+        self._ends = True
+        self._thread.join()
+        self._connection.close()
+
+
+def test_a_window_that_insists_on_being_on_top_is_left_there(
+    start_host: StartHost, screen: Desktop
+) -> None:
+    commands = start(start_host, "TextEdit", screen)
+    commands.press(HIDING)
+    wait_for_menu(commands, False)
+    insistent = Insistent(screen)
+    try:
+        commands.host.wait_until(lambda: insistent.is_content, "the end of the quarrel")
+        commands.press(LEFT)
+        commands.assert_agreement()
+    finally:
+        insistent.close()
+    commands.press(HIDING)
+    wait_for_menu(commands, True)
+    assert_usable(commands)

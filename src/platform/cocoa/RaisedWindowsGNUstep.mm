@@ -1,5 +1,6 @@
 #import "platform/cocoa/RaisedWindowsGNUstep.h"
 
+#import "platform/cocoa/FewTriesGNUstep.h"
 #import "platform/cocoa/Guard.h"
 #import "platform/cocoa/HostWindowsGNUstep.h"
 #import "platform/cocoa/Observing.h"
@@ -8,7 +9,6 @@
 
 #import <AppKit/NSApplication.h>
 #import <AppKit/NSWindow.h>
-#import <Foundation/NSDate.h>
 #import <Foundation/NSNotification.h>
 #import <Foundation/NSObject.h>
 #import <Foundation/NSString.h>
@@ -51,6 +51,8 @@ struct Raised {
     std::map<XWindow, Told> told;
     /// Where the windows stood before they covered anything.
     Places places;
+    /// Where the order cannot be kept, trying to changes it again.
+    FewTries sortings;
     id observer = nil;
 };
 
@@ -171,23 +173,10 @@ void windowDied(XWindow window) {
     raised().told.erase(window);
 }
 
-/// At most a few times in a second: where the order cannot be kept, trying to changes it again.
-bool mayTryAgain() {
-    constexpr int most = 5;
-    static NSTimeInterval since = 0;
-    static int tries = 0;
-    const NSTimeInterval now = [NSDate timeIntervalSinceReferenceDate];
-    if (now < since || now > since + 1) {
-        since = now;
-        tries = 0;
-    }
-    return ++tries <= most;
-}
-
 /// A click raises a window of the host, or a panel that it leaves uncovered, over those above it.
 void keepOrder() {
     auto windows = windowsThat(isShownRaised);
-    if (isInOrder(windows, raised().covers) || !mayTryAgain())
+    if (isInOrder(windows, raised().covers) || !raised().sortings.mayTryAgain())
         return;
     sortFromBack(windows);
     raiseAll(windows);

@@ -1,5 +1,7 @@
 #import "platform/cocoa/ServerWatchGNUstep.h"
 
+#import "platform/cocoa/DelayedCall.h"
+#import "platform/cocoa/FewTriesGNUstep.h"
 #import "platform/cocoa/Guard.h"
 #import "platform/cocoa/ServerConnectionGNUstep.h"
 
@@ -23,6 +25,9 @@ struct Watch {
     xcb_atom_t order = XCB_ATOM_NONE;
     xcb_window_t edge = 0;
     void (*edgeEntered)() = nullptr;
+    /// Whoever wants the top of all windows as well may take it back each time.
+    FewTries edgeRaises;
+    bool isRaiseDue = false;
 };
 
 Watch& watch() {
@@ -39,14 +44,36 @@ struct Seen {
 };
 
 /// Managers stack windows without regard for ours, which has to stay on top to feel the pointer.
-void keepEdgeOnTop(xcb_window_t other) {
-    if (watch().edge != 0 && other != watch().edge)
+void raiseEdge() {
+    if (watch().edge != 0)
         watch().server.raise(watch().edge);
 }
 
+void keepEdgeOnTop() {
+    if (watch().edge == 0)
+        return;
+    if (watch().edgeRaises.mayTryAgain()) {
+        raiseEdge();
+    } else if (!watch().isRaiseDue) {
+        watch().isRaiseDue = true;
+        performLater(1, [] {
+            watch().isRaiseDue = false;
+            raiseEdge();
+        });
+    }
+}
+
 void noteMapped(const xcb_map_notify_event_t& event, Seen& seen) {
-    keepEdgeOnTop(event.window);
-    seen.hasAppeared |= event.window != watch().edge;
+    if (event.window == watch().edge)
+        return;
+    keepEdgeOnTop();
+    seen.hasAppeared = true;
+}
+
+/// Of all that happens to windows, this matters: one has been put right above the edge.
+void noteConfigured(const xcb_configure_notify_event_t& event) {
+    if (event.above_sibling == watch().edge)
+        keepEdgeOnTop();
 }
 
 /// A window that leaves is told only by its own watch: the root window tells of frames.
@@ -61,7 +88,7 @@ void note(const xcb_generic_event_t& event, Seen& seen) {
     case XCB_MAP_NOTIFY:
         return noteMapped(reinterpret_cast<const xcb_map_notify_event_t&>(event), seen);
     case XCB_CONFIGURE_NOTIFY:
-        return keepEdgeOnTop(reinterpret_cast<const xcb_configure_notify_event_t&>(event).window);
+        return noteConfigured(reinterpret_cast<const xcb_configure_notify_event_t&>(event));
     case XCB_PROPERTY_NOTIFY: {
         const auto& changed = reinterpret_cast<const xcb_property_notify_event_t&>(event);
         seen.isReordered |= changed.atom == watch().order;
