@@ -44,10 +44,20 @@ class Shortcut : public testing::Test {
     }
 
     void TearDown() override {
+        letDelayedCallsRun();
         [menu release];
         [ours release];
         [others release];
         [pool drain];
+    }
+
+    /// What is still to come must not find the test gone.
+    static void letDelayedCallsRun() {
+        bool isLast = false;
+        performLater(0, [&isLast] { isLast = true; });
+        while (!isLast)
+            [[NSRunLoop currentRunLoop] runMode:NSDefaultRunLoopMode
+                                     beforeDate:[NSDate distantFuture]];
     }
 
     NSMenuItem* addItem(VTRShortcutTarget* target) {
