@@ -106,15 +106,8 @@ class Stopwatch:
 
 
 def arrival(events: Iterable[Event], frame: int, client: int) -> int | None:
-    """When a window came to where it stayed: its frame in place and size, its client in size."""
-    last: dict[int, tuple] = {}
-    moment = None
-    for event in events:
-        if event.kind != "configure" or event.window not in (frame, client):
-            continue
-        place = event.place
-        state = place if event.window == frame else (place.width, place.height)
-        if last.get(event.window) != state:
-            last[event.window] = state
-            moment = event.time
-    return moment
+    """The time of the last ConfigureNotify of a window in its frame; None where nothing moved."""
+    return max(
+        (e.time for e in events if e.kind == "configure" and e.window in (frame, client)),
+        default=None,
+    )

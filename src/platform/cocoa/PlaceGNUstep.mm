@@ -86,9 +86,11 @@ void moveTo(NSWindow* window, NSRect frame) {
             [GSServerForWindow(window) placewindow:frame:static_cast<int>([window windowNumber])];
             return;
         }
-        [window setFrame:frame display:NO];
-        // The server and the window manager get to work while the window is drawn.
-        sendRequests();
+        {
+            // The window manager gets to work while the host lays out its window and draws it.
+            const PromptRequests prompt;
+            [window setFrame:frame display:NO];
+        }
         [window display];
     });
 }

@@ -65,8 +65,21 @@ void changeState(NSWindow* window, StateChange change, const char* state,
 /// from one window to another since; this is never too late.
 void takeFocus(NSWindow* window);
 
-/// Sends what the X server has been asked and what still waits here.
-void sendRequests();
+/// While one lives, what the X server is asked is sent at once, rather than when enough has come
+/// together or somebody waits for an answer.
+class PromptRequests {
+  public:
+    PromptRequests();
+    ~PromptRequests();
+    PromptRequests(const PromptRequests&) = delete;
+    PromptRequests& operator=(const PromptRequests&) = delete;
+    PromptRequests(PromptRequests&&) = delete;
+    PromptRequests& operator=(PromptRequests&&) = delete;
+
+  private:
+    _XDisplay* connection_;
+    int (*platformFunction_)(_XDisplay*) = nullptr;
+};
 
 /// Hands everything that the X server has sent to the back end. Windows learn at once where they
 /// are; what the user did stays queued, in order, for the application. No timer, no other input and

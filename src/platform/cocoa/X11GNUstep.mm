@@ -214,9 +214,14 @@ void takeFocus(NSWindow* window) {
     XSync(display(), False);
 }
 
-void sendRequests() {
-    if (display() != nullptr)
-        XFlush(display());
+PromptRequests::PromptRequests() : connection_(display()) {
+    if (connection_ != nullptr)
+        platformFunction_ = XSetAfterFunction(connection_, XFlush);
+}
+
+PromptRequests::~PromptRequests() {
+    if (connection_ != nullptr)
+        XSetAfterFunction(connection_, platformFunction_);
 }
 
 void takeEvents() {
