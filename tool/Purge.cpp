@@ -20,12 +20,14 @@ bool isUnmistakable(std::string_view key) {
 
 std::vector<Change> purge(const StoredDefaults& stored) {
     std::vector<Change> changes;
-    for (const auto& [name, domain] : stored.domains)
-        for (const auto& [key, value] : domain.entries())
+    for (const auto& [name, domain] : stored.domains) {
+        for (const auto& [key, value] : domain.entries()) {
             if (key != enabledKey && findSetting(key) != nullptr &&
                 (hasRun(domain) || isUnmistakable(key)))
                 changes.push_back(
                     {.domain = name, .key = key, .before = value, .after = std::nullopt});
+        }
+    }
     return changes;
 }
 

@@ -29,7 +29,7 @@ def measure(place: Place, rounds: int) -> dict:
 
     found: dict[str, list[float]] = {
         "bare": [], "bare until server": [], "action": [], "action after server": [],
-        "late events": [], "own": [], "platform": [],
+        "late events": [], "own": [], "in menus": [], "platform": [],
     }
     for number, (kind, begin, end, *move) in enumerate(lines):
         until = begin + 240_000_000  # shorter than the pause between two moves
@@ -41,6 +41,8 @@ def measure(place: Place, rounds: int) -> dict:
         else:
             found["action after server"].append((end - arrived) / 1e6)
             found["late events"].append(sum(event.time > end for event in mine))
-            found["own"].append((end - begin - move[0]) / 1e3)
-            found["platform"].append(move[0] / 1e3)
+            in_window, in_menus = move
+            found["own"].append((end - begin - in_window - in_menus) / 1e3)
+            found["in menus"].append(in_menus / 1e3)
+            found["platform"].append(in_window / 1e3)
     return found

@@ -4,6 +4,8 @@
 
 #include "platform/Platform.h"
 
+#include <memory>
+
 namespace vistrel::bench {
 
 /// Adds the nanoseconds for which it lives to a sum.
@@ -66,8 +68,98 @@ class TimedWindow final : public Window {
     mutable std::int64_t time_ = 0;
 };
 
-/// Another platform, whose key window is timed. What is left of a command's time is the command's
-/// own: calculation, flags, and the marks in the menu.
+class TimedMenu;
+
+/// Passes everything on to another item.
+class TimedMenuItem final : public MenuItem {
+  public:
+    explicit TimedMenuItem(std::int64_t& time);
+    ~TimedMenuItem();
+
+    MenuItem& bind(MenuItem& item) {
+        item_ = &item;
+        return *this;
+    }
+
+    Menu& submenu() override;
+
+    [[nodiscard]] bool isOfSeparatorClass() const override {
+        const Timer timer(time_);
+        return item_->isOfSeparatorClass();
+    }
+
+    void setState(bool on) override {
+        const Timer timer(time_);
+        item_->setState(on);
+    }
+
+  private:
+    std::int64_t& time_;
+    MenuItem* item_ = nullptr;
+    std::unique_ptr<TimedMenu> submenu_;
+};
+
+/// Passes everything on to another menu, and adds what its answers take to a sum.
+class TimedMenu final : public Menu {
+  public:
+    explicit TimedMenu(std::int64_t& time) : time_(time), item_(time) {}
+
+    Menu& bind(Menu& menu) {
+        menu_ = &menu;
+        return *this;
+    }
+
+    [[nodiscard]] bool exists() const override { return menu_->exists(); }
+
+    [[nodiscard]] std::string menuName() const override {
+        const Timer timer(time_);
+        return menu_->menuName();
+    }
+
+    [[nodiscard]] std::int32_t itemCount() const override {
+        const Timer timer(time_);
+        return menu_->itemCount();
+    }
+
+    MenuItem& itemAtIndex(std::int32_t index) override {
+        const Timer timer(time_);
+        return item_.bind(menu_->itemAtIndex(index));
+    }
+
+    MenuItem& itemWithTitle(std::string_view title) override {
+        const Timer timer(time_);
+        return item_.bind(menu_->itemWithTitle(title));
+    }
+
+    [[nodiscard]] std::int32_t indexOfZoomItem() const override {
+        const Timer timer(time_);
+        return menu_->indexOfZoomItem();
+    }
+
+    void insertItem(const MenuItemDescription& item, std::int32_t index) override {
+        const Timer timer(time_);
+        menu_->insertItem(item, index);
+    }
+
+  private:
+    std::int64_t& time_;
+    Menu* menu_ = nullptr;
+    TimedMenuItem item_;
+};
+
+inline TimedMenuItem::TimedMenuItem(std::int64_t& time) : time_(time) {}
+
+inline TimedMenuItem::~TimedMenuItem() = default;
+
+inline Menu& TimedMenuItem::submenu() {
+    const Timer timer(time_);
+    if (!submenu_)
+        submenu_ = std::make_unique<TimedMenu>(time_);
+    return submenu_->bind(item_->submenu());
+}
+
+/// Another platform, with a clock in the key window and one in the menus. What is left of a
+/// command's time is the command's own.
 class TimedPlatform final : public Platform, public Application {
   public:
     explicit TimedPlatform(Platform& platform)
@@ -75,6 +167,9 @@ class TimedPlatform final : public Platform, public Application {
 
     /// Nanoseconds in the key window, and in finding it.
     [[nodiscard]] std::int64_t timeInWindow() const { return keyWindow_.time(); }
+
+    /// Nanoseconds in the host's menus.
+    [[nodiscard]] std::int64_t timeInMenus() const { return timeInMenus_; }
 
     Application& application() override { return *this; }
 
@@ -98,7 +193,10 @@ class TimedPlatform final : public Platform, public Application {
         return application_.localizedString(key);
     }
 
-    Menu& mainMenu() override { return application_.mainMenu(); }
+    Menu& mainMenu() override {
+        const Timer timer(timeInMenus_);
+        return mainMenu_.bind(application_.mainMenu());
+    }
 
     Window& keyWindow() override {
         const Timer timer(keyWindow_.time());
@@ -133,6 +231,8 @@ class TimedPlatform final : public Platform, public Application {
     Platform& platform_;
     Application& application_;
     TimedWindow keyWindow_;
+    std::int64_t timeInMenus_ = 0;
+    TimedMenu mainMenu_{timeInMenus_};
 };
 
 } // namespace vistrel::bench

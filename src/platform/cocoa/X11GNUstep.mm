@@ -175,10 +175,11 @@ NSRect serverFrame(NSWindow* window) {
 
 bool hasState(NSWindow* window, std::span<const char* const> states) {
     const Property found(window, "_NET_WM_STATE", XA_ATOM);
-    for (unsigned long index = 0; index < found.count(); ++index)
+    for (unsigned long index = 0; index < found.count(); ++index) {
         for (const char* const state : states)
             if (found[index] == XInternAtom(display(), state, False))
                 return true;
+    }
     return false;
 }
 
