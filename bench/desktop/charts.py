@@ -94,6 +94,7 @@ def memory(found: dict, file: Path) -> None:
 
 def core(found: dict, file: Path) -> None:
     figure, axes = pyplot.subplots(figsize=(8, 3))
+    axes.set_prop_cycle(color=pyplot.get_cmap("tab20").colors)
     names = sorted({name.split("/")[0] for name in found if name.count("/") == 1})
     for name in names:
         points = sorted((int(key.split("/")[1]), run["ns"] / 1000) for key, run in found.items()

@@ -57,10 +57,14 @@ def measure_hook(place: Place, rounds: int) -> dict:
             before = len(report(file))
             with place.host(place.bundle(bundle), environment=environment) as host:
                 host.wait_until(lambda: len(report(file)) > before, word)
-    lines = [line for line in report(file)[2:]]
+    lines = [(line[0], *map(int, line[1:])) for line in report(file)[2:]]
 
     def milliseconds(word: str) -> list[float]:
-        return [(int(end) - int(begin)) / 1e6 for kind, begin, end, *_ in lines if kind == word]
+        return [(end - begin) / 1e6 for kind, begin, end, _ in lines if kind == word]
 
-    inserted = {int(line[3]) for line in lines if line[0] == "load"}
-    return {"load": milliseconds("load"), "insert": milliseconds("insert"), "items": sorted(inserted)}
+    return {
+        "load": milliseconds("load"),
+        "insert": milliseconds("insert"),
+        "in menus": [menus / 1e6 for kind, *_, menus in lines if kind == "insert"],
+        "items": sorted({items for kind, *_, items in lines if kind == "load"}),
+    }

@@ -34,9 +34,9 @@ class Report:
     def goals(self) -> str:
         """What has to be reached, what was measured, and whether it is enough."""
         found, keys, ours = self.found, self.keys, self.ours
-        inhost, hook, rest = found["inhost"], medians({
-            "load": found["hook"]["load"], "insert": found["hook"]["insert"],
-        }), found["rest"]
+        inhost, rest = found["inhost"], found["rest"]
+        hook = medians(found["hook"])
+        hook_ours = hook["insert"] - hook["in menus"]
         starts = medians(found["starts"])
         longer = 100 * (starts["with"] / starts["without"] - 1)
         slower = [keys["openbox: wmctrl"] / ours, keys["openbox: xdotool"] / ours]
@@ -76,8 +76,9 @@ class Report:
                  own.median < OWN_US],
                 ["Load hook to block", f"at most {HOOK_MS} ms", f"{hook['load']:.1f} ms",
                  hook["load"] <= HOOK_MS],
-                ["Ours of it", f"under {OURS_MS} ms", f"{hook['insert']:.2f} ms",
-                 hook["insert"] < OURS_MS],
+                ["Ours of it", f"under {OURS_MS} ms",
+                 f"{hook_ours:.2f} ms; {hook['in menus']:.2f} ms more in the host's menus",
+                 hook_ours < OURS_MS],
                 ["Host start to first window", f"at most {START} % longer", f"{longer:+.1f} %",
                  longer <= START],
                 ["At rest: wake-ups, threads, descriptors", "none more",
@@ -138,7 +139,8 @@ class Report:
             ["start to first window, without", Spread.of(starts["without"]).text()],
             ["start to first window, with Vistrel", Spread.of(starts["with"]).text()],
             ["load hook to block", Spread.of(hook["load"]).text(2)],
-            ["of that, the system itself: settings, block, marks", Spread.of(hook["insert"]).text(2)],
+            ["of that, in the hook: settings, block, marks", Spread.of(hook["insert"]).text(2)],
+            ["of that, in the host's menus", Spread.of(hook["in menus"]).text(2)],
         ])
 
     def rest(self) -> str:

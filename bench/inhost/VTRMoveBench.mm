@@ -36,7 +36,7 @@ Session& session() {
 /// window to the left half and back VTR_BENCH_ROUNDS times, in turns by the platform's own method
 /// and by the system's whole action:
 ///
-///     insert BEGIN END
+///     insert BEGIN END NANOSECONDS-IN-THE-MENUS
 ///     bare BEGIN RETURN
 ///     action BEGIN RETURN NANOSECONDS-IN-THE-WINDOW NANOSECONDS-IN-THE-MENUS
 ///     end
@@ -59,7 +59,8 @@ Session& session() {
 - (void)insert {
     const auto begin = vistrel::bench::now();
     session().corvane.insertMenu();
-    vistrel::bench::report("insert", {begin, vistrel::bench::now()});
+    const auto end = vistrel::bench::now();
+    vistrel::bench::report("insert", {begin, end, session().platform.timeInMenus()});
     [self performSelector:@selector(wait) withObject:nil afterDelay:seconds];
 }
 
