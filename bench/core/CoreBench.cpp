@@ -40,14 +40,19 @@ void runCommand(benchmark::State& state, Action command) {
 }
 
 void startUp(benchmark::State& state) {
+    std::size_t allocations = 0;
     for (auto _ : state) {
         state.PauseTiming();
         memory::MemoryDesktop desktop;
         TestHost it(desktop);
         fill(it, state.range(0));
+        const auto before = allocationsSoFar();
         state.ResumeTiming();
         it.load();
+        allocations += allocationsSoFar() - before;
     }
+    state.counters["allocations"] =
+        benchmark::Counter(static_cast<double>(allocations), benchmark::Counter::kAvgIterations);
 }
 
 BENCHMARK(startUp)->RangeMultiplier(10)->Range(10, 10'000);
@@ -57,6 +62,7 @@ void settingsLoad(benchmark::State& state) {
     memory::MemoryHost host(desktop);
     host.calls.isRecording = false;
     Settings settings;
+    const Allocations counted(state);
     for (auto _ : state)
         settings.load(host.fileManager(), host.userDefaults());
 }
@@ -65,6 +71,7 @@ BENCHMARK(settingsLoad);
 
 void settingsFileFromXML(benchmark::State& state) {
     const auto text = posix::xmlFromPropertyList(defaultSettings()).value();
+    const Allocations counted(state);
     for (auto _ : state)
         benchmark::DoNotOptimize(posix::propertyListFromXML(text));
 }

@@ -9,7 +9,7 @@ import tempfile
 from pathlib import Path
 
 ITEMS = (10, 100, 1000, 10000)
-ROUNDS = 1000
+ROUNDS = 100
 
 
 def times(build: Path) -> dict[str, dict]:
@@ -41,9 +41,9 @@ def instructions(build: Path, command: str, items: int) -> float:
 
 def measure(build: Path) -> dict:
     found = times(build)
-    commands = sorted({name.split("/")[0] for name in found if name.count("/") == 1})
-    for command in commands:
-        if command != "startUp":
-            for items in (ITEMS[0], ITEMS[-1]):
-                found[f"{command}/{items}"]["instructions"] = instructions(build, command, items)
+    parts = sorted({name.split("/")[0] for name in found if name.count("/") == 1})
+    for part in parts:
+        for items in (ITEMS[0], ITEMS[-1]):
+            found[f"{part}/{items}"]["instructions"] = instructions(build, part, items)
+    found["settingsLoad"]["instructions"] = instructions(build, "settingsLoad", ITEMS[0])
     return found

@@ -169,7 +169,11 @@ class Report:
             runs = [found.get(f"{name}/{items}") for items in (10, 100, 1000, 10000)]
             if not any(runs):
                 run = found[name]
-                rows.append([f"`{name}`", f"{run['ns'] / 1000:.2f}", "", "", "", "", ""])
+                counted = f"{run['instructions']:.0f}" if "instructions" in run else ""
+                rows.append([
+                    f"`{name}`", f"{run['ns'] / 1000:.2f}", "", "", "", counted,
+                    f"{run['allocations']:.0f}",
+                ])
                 continue
             counted = [run.get("instructions") for run in runs]
             allocations = runs[0]["allocations"]

@@ -2,6 +2,7 @@
 
 from __future__ import annotations
 
+from harness.desktop import Geometry
 from harness.devices import COMMAND, CONTROL, OPTION, SHIFT
 from harness.geometry import Rect
 from harness.host import Host
@@ -62,14 +63,20 @@ class Commands:
         self.menus.close()
         self.host.catch_up()
 
+    def _geometry(self) -> Geometry:
+        """The key window's, as the X server has it.
+
+        For a moment there may be none: a manager takes the keyboard from a window whose level it
+        changes, and gives it back.
+        """
+        window = self.host.wait_until(self.host.key_window, "a key window")
+        return self.desktop.geometry(window["xid"])
+
     def frame(self) -> Rect:
-        """The key window's, as the X server has it."""
-        window = self.host.key_window()
-        return self.desktop.geometry(window["xid"]).frame
+        return self._geometry().frame
 
     def client(self) -> Rect:
-        window = self.host.key_window()
-        return self.desktop.geometry(window["xid"]).client
+        return self._geometry().client
 
     def assert_agreement(self) -> None:
         """The host and the X server have the same idea of where the window is."""

@@ -27,6 +27,7 @@ void prepare(NSWindow* window) {
     endHostAnimations(window);
     takeEvents();
     leaveManagedSize(window);
+    awaitMapping(window);
 }
 
 } // namespace

@@ -36,4 +36,8 @@ void tell(NSWindow* window, NSRect frame);
 /// waits for it. Such a window does not follow its application.
 void leaveManagedSize(NSWindow* window);
 
+/// Waits for the window manager to show a window that has just been told to show itself: until then
+/// it has a place of its own in mind for it.
+void awaitMapping(NSWindow* window);
+
 } // namespace vistrel::cocoa::gnustep

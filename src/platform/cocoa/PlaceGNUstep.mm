@@ -124,6 +124,10 @@ void tell(NSWindow* window, NSRect frame) {
     });
 }
 
+void awaitMapping(NSWindow* window) {
+    waitUntil([&] { return isMapped(window) || ![window isVisible]; }, Clock::now() + 1s);
+}
+
 void leaveManagedSize(NSWindow* window) {
     if (!hasState(window, managedSizes))
         return;
