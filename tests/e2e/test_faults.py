@@ -119,6 +119,14 @@ def test_the_last_window_that_closes_in_full_screen_leaves_its_host_a_menu(
     assert_usable(commands)
 
 
+def begin(commands: Commands, mode: str) -> None:
+    """Returns when the mode is on, full screen after its delay."""
+    commands.press(mode)
+    if mode == FULLSCREEN:
+        area = Rect(0, 0, *commands.desktop.size)
+        commands.host.wait_until(lambda: commands.client() == area, "the full screen")
+
+
 # A host goes; what SIGKILL leaves of hiding and of full screen is held with these modes
 
 
@@ -151,10 +159,7 @@ def test_a_new_window_manager_finds_a_usable_host(
 ) -> None:
     commands = start(start_host, "TextEdit", own_desktop)
     before = commands.frame()
-    commands.press(mode)
-    if mode == FULLSCREEN:
-        area = Rect(0, 0, *own_desktop.size)
-        commands.host.wait_until(lambda: commands.client() == area, "the full screen")
+    begin(commands, mode)
     own_desktop.manager.restart()
     own_desktop.catch_up()
     commands.host.activate()
@@ -175,10 +180,7 @@ def test_without_a_window_manager_the_modes_come_and_go(
 ) -> None:
     commands = start(start_host, "TextEdit", unmanaged)
     before = commands.frame()
-    commands.press(mode)
-    if mode == FULLSCREEN:
-        area = Rect(0, 0, *unmanaged.size)
-        commands.host.wait_until(lambda: commands.client() == area, "the full screen")
+    begin(commands, mode)
     commands.press(mode)
     wait_for_menu(commands, True)
     assert commands.frame() == before
