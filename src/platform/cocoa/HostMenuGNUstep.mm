@@ -3,6 +3,7 @@
 #import "platform/cocoa/HostWindowsGNUstep.h"
 #import "platform/cocoa/InWindowMenusGNUstep.h"
 #import "platform/cocoa/StackingGNUstep.h"
+#import "platform/cocoa/X11GNUstep.h"
 
 #import <AppKit/NSApplication.h>
 #import <AppKit/NSInterfaceStyle.h>
@@ -103,7 +104,7 @@ bool mayHideHostMenu() {
 
 void showHostMenuForKeyboard() {
     showHostMenu();
-    waitUntilShown(serverWindow(menuWindow()));
+    waitUntilShown(xWindow(menuWindow()));
 }
 
 bool isHostMenuInUse() {

@@ -6,6 +6,7 @@
 #import "platform/cocoa/Observing.h"
 #import "platform/cocoa/ServerWatchGNUstep.h"
 #import "platform/cocoa/WindowOrderGNUstep.h"
+#import "platform/cocoa/X11GNUstep.h"
 
 #import <AppKit/NSApplication.h>
 #import <AppKit/NSWindow.h>
@@ -86,7 +87,7 @@ Standing wanted(NSWindow* window) {
 }
 
 bool needsTelling(NSWindow* window) {
-    const auto known = raised().told.find(serverWindow(window));
+    const auto known = raised().told.find(xWindow(window));
     const auto stand = wanted(window);
     if (known == raised().told.end())
         return stand.isRaised() && [window isVisible];
@@ -104,7 +105,7 @@ bool isShownAboveNormal(NSWindow* window) {
 Windows windowsThat(bool (*hold)(NSWindow*)) {
     Windows found;
     visitHostWindows([&](NSWindow* window) {
-        if (serverWindow(window) != 0 && hold(window))
+        if (xWindow(window) != 0 && hold(window))
             found.push_back(window);
     });
     return found;
@@ -125,7 +126,7 @@ void tell(XWindow window, const Standing& stand) {
 extern const ServerWatcher raisedWatcher;
 
 void update(NSWindow* window) {
-    const auto server = serverWindow(window);
+    const auto server = xWindow(window);
     const auto stand = wanted(window);
     tell(server, stand);
     if (!stand.isRaised())
@@ -146,7 +147,7 @@ Windows united(Windows windows, const Windows& others) {
 void sortForRaising(Windows& windows) {
     sortFromBack(windows);
     std::ranges::stable_sort(windows, {}, [](NSWindow* window) {
-        return std::pair([window level], !raised().told.contains(serverWindow(window)));
+        return std::pair([window level], !raised().told.contains(xWindow(window)));
     });
 }
 

@@ -2,18 +2,12 @@
 
 #import <Foundation/NSGeometry.h>
 
-@class NSWindow;
-
 /// What one asks a window manager about the order of windows. Requests are made on the platform's
 /// own connection to the X server, and so keep their order with those of the platform.
 namespace vistrel::cocoa::gnustep {
 
 /// A window of the X server, 0 for none.
 using XWindow = unsigned long;
-
-/// The X window of `window`, 0 for nil and while it has none. Ask anew at each use: a window that
-/// was hidden or ordered out may come back as another one.
-XWindow serverWindow(NSWindow* window);
 
 /// Asks for the window to be kept above those of other programs, or no longer to be.
 void setAbove(XWindow window, bool above);

@@ -33,10 +33,6 @@ void tellManager(XWindow window, const char* type, const std::array<long, 5>& da
 
 } // namespace
 
-XWindow serverWindow(NSWindow* window) {
-    return reinterpret_cast<XWindow>([window windowRef]);
-}
-
 void setAbove(XWindow window, bool above) {
     constexpr long isApplication = 1;
     const auto state = static_cast<long>(XInternAtom(display(), "_NET_WM_STATE_ABOVE", False));

@@ -5,6 +5,8 @@
 #include <map>
 #include <vector>
 
+@class NSWindow;
+
 /// How the host's windows stand among each other and among those of other programs, by the X
 /// server's own order, which window managers do not always report.
 namespace vistrel::cocoa::gnustep {

@@ -3,6 +3,7 @@
 #import "platform/cocoa/HostWindowsGNUstep.h"
 #import "platform/cocoa/ServerConnectionGNUstep.h"
 #import "platform/cocoa/ServerWatchGNUstep.h"
+#import "platform/cocoa/X11GNUstep.h"
 
 #import <AppKit/NSWindow.h>
 
@@ -47,7 +48,7 @@ bool isPanel(XWindow window) {
 /// All windows of the host, shown or not.
 std::vector<XWindow> ownWindows() {
     std::vector<XWindow> own;
-    visitHostWindows([&own](NSWindow* window) { own.push_back(serverWindow(window)); });
+    visitHostWindows([&own](NSWindow* window) { own.push_back(xWindow(window)); });
     return own;
 }
 
@@ -70,20 +71,20 @@ void sortFromBack(Windows& windows) {
     const auto order = managedFromBottom();
     // The place of one that is not found is the end, which is the front.
     const auto key = [&order](NSWindow* window) {
-        return std::tuple([window level], std::ranges::find(order, serverWindow(window)));
+        return std::tuple([window level], std::ranges::find(order, xWindow(window)));
     };
     std::ranges::stable_sort(windows, {}, key);
 }
 
 void raiseAll(const Windows& windows) {
     for (NSWindow* window : windows)
-        raise(serverWindow(window));
+        raise(xWindow(window));
 }
 
 bool isInOrder(const Windows& windows, bool coverPanels) {
     std::map<XWindow, NSInteger> levels;
     for (NSWindow* window : windows)
-        levels.emplace(serverWindow(window), [window level]);
+        levels.emplace(xWindow(window), [window level]);
     std::optional<NSInteger> highest;
     for (const auto window : managedFromBottom()) {
         const auto own = levels.find(window);
@@ -100,8 +101,8 @@ Places placesOf(const Windows& windows) {
     const auto own = ownWindows();
     Places places;
     for (NSWindow* window : windows) {
-        auto& above = places[serverWindow(window)];
-        const auto place = std::ranges::find(order, serverWindow(window));
+        auto& above = places[xWindow(window)];
+        const auto place = std::ranges::find(order, xWindow(window));
         std::copy_if(place, order.end(), std::back_inserter(above),
                      [&own](XWindow other) { return !contains(own, other) && !isPanel(other); });
     }

@@ -23,7 +23,8 @@ _XDisplay* display();
 /// The size of the whole X screen, of all monitors together, in pixels.
 NSSize serverSize();
 
-/// The X window that shows `window`, without its decorations; 0 while there is none.
+/// The X window that shows `window`, without its decorations; 0 while there is none. Ask anew at
+/// each use: a window that was hidden or ordered out may come back as another one.
 unsigned long xWindow(NSWindow* window);
 
 /// Whether the X server shows the window, or would if nothing covered it.
