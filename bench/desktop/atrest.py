@@ -6,24 +6,11 @@ import time
 from contextlib import ExitStack
 from pathlib import Path
 
-from harness import applications
 from harness.devices import COMMAND, OPTION
-from harness.host import ALWAYS, Host, property_list_array
 from harness.waiting import wait_until
-from place import APPLICATION, Place
+from loading import is_document
+from place import Place
 from stopwatch import Stopwatch
-
-
-def rest(place: Place, name: str, *bundles: Path) -> Host:
-    """Without the probe, which has a socket and a thread of its own."""
-    return place.account.start(
-        [
-            applications.find(name), *ALWAYS, "-NSMenuInterfaceStyle", "NSNextStepInterfaceStyle",
-            *(["-GSAppKitUserBundles", property_list_array(bundles)] if bundles else []),
-        ],
-        place.logs / f"rest-{time.monotonic_ns()}.log",
-        extra={"DISPLAY": place.desktop.name},
-    )
 
 
 def wake_ups(pid: int) -> int:
@@ -64,8 +51,8 @@ def started(place: Place, watch: Stopwatch, bundles: list[tuple[Path, ...]]) -> 
     """Hosts with these bundles, one after the other, each with its window on the screen."""
     hosts = []
     for each in bundles:
-        hosts.append(rest(place, APPLICATION, *each))
-        watch.wait_for("map", lambda e: e.place.width >= 300 and e.place.height >= 200)
+        hosts.append(place.bare_host(f"rest-{len(hosts)}", *each))
+        watch.wait_for("map", is_document)
     watch.settle(1)
     return hosts
 

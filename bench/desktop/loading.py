@@ -4,10 +4,8 @@ from __future__ import annotations
 
 import time
 
-from harness import applications
-from harness.host import ALWAYS, property_list_array
 from inhost import report
-from place import APPLICATION, Place
+from place import Place
 from stopwatch import Event, Stopwatch
 
 
@@ -18,14 +16,8 @@ def is_document(event: Event) -> bool:
 
 def start(place: Place, watch: Stopwatch, number: int, *bundles) -> float:
     """Milliseconds from the start of the process to its first window."""
-    arguments = [
-        applications.find(APPLICATION), *ALWAYS, "-NSMenuInterfaceStyle", "NSNextStepInterfaceStyle",
-        *(["-GSAppKitUserBundles", property_list_array(bundles)] if bundles else []),
-    ]
     begin = time.monotonic_ns()
-    process = place.account.start(
-        arguments, place.logs / f"start-{number}.log", extra={"DISPLAY": place.desktop.name}
-    )
+    process = place.bare_host(f"start-{number}", *bundles)
     shown = watch.wait_for("map", is_document)
     watch.settle()
     process.kill()

@@ -2,12 +2,14 @@
 
 from __future__ import annotations
 
+import subprocess
 from pathlib import Path
 from typing import NamedTuple
 
+from harness import applications
 from harness.account import Account
 from harness.desktop import Desktop
-from harness.host import Host
+from harness.host import ALWAYS, Host, property_list_array
 
 APPLICATION = "TextEdit"
 AT_ONCE = ("-NSWindowResizeTime", "0")
@@ -35,4 +37,16 @@ class Place(NamedTuple):
         return Host(
             APPLICATION, self.account, self.desktop,
             [*bundles, self.bundle("VistrelProbe")], self.logs, arguments, **options,
+        )
+
+    def bare_host(self, log: str, *bundles: Path) -> subprocess.Popen[bytes]:
+        """A host with these bundles and nothing else: the probe has a socket of its own."""
+        loading = ["-GSAppKitUserBundles", property_list_array(bundles)] if bundles else []
+        return self.account.start(
+            [
+                applications.find(APPLICATION), *ALWAYS,
+                "-NSMenuInterfaceStyle", "NSNextStepInterfaceStyle", *loading,
+            ],
+            self.logs / f"{log}.log",
+            extra={"DISPLAY": self.desktop.name},
         )

@@ -121,10 +121,10 @@ def test_the_last_window_that_closes_in_full_screen_leaves_its_host_a_menu(
 
 def begin(commands: Commands, mode: str) -> None:
     """Returns when the mode is on, full screen after its delay."""
-    commands.press(mode)
     if mode == FULLSCREEN:
-        area = Rect(0, 0, *commands.desktop.size)
-        commands.host.wait_until(lambda: commands.client() == area, "the full screen")
+        fill(commands, Rect(0, 0, *commands.desktop.size))
+    else:
+        commands.press(mode)
 
 
 # A host goes; what SIGKILL leaves of hiding and of full screen is held with these modes
